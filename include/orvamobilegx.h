@@ -1,0 +1,12 @@
+/*
+ * orvamobilegx.h - the whole interface of the ORVAMobileGX library.
+ * Compiles as C99 and as C++.
+ */
+#ifndef ORVAMOBILEGX_H
+#define ORVAMOBILEGX_H
+
+#include "gx_frame.h"
+#include "gx_objects.h"
+#include "gx_geodesy.h"
+
+#endif /* ORVAMOBILEGX_H */
