@@ -16,6 +16,9 @@ extern "C" {
 #define GX_SERIES_LIMIT 0.006884661117170036  /* e2 where series give way to closed forms */
 #define GX_HALFPI_CLAMP 1.570796326794891      /* stands in for a pole */
 
+/* 1 when |x - y| <= (1 + (|x| + |y|) / 2) * GX_EPS. */
+GX_API int gx_eq(double x, double y);
+
 #ifdef __cplusplus
 }
 #endif
