@@ -2,6 +2,10 @@
  * gx_geodesy.h - the geodesy kernel: stateless functions on an ellipsoid
  * given as its semi-major axis a and squared eccentricity e2 (a sphere has
  * e2 = 0).  Angles are radians.  Nothing here allocates or keeps state.
+ *
+ * Lengths come back in the unit of a.  No function reports a failure: an
+ * argument outside the domain (e2 at or above 1, a NaN) gives a NaN or a
+ * meaningless number, never a crash and never an endless loop.
  */
 #ifndef GX_GEODESY_H
 #define GX_GEODESY_H
@@ -16,8 +20,36 @@ extern "C" {
 #define GX_SERIES_LIMIT 0.006884661117170036  /* e2 where series give way to closed forms */
 #define GX_HALFPI_CLAMP 1.570796326794891      /* stands in for a pole */
 
-/* 1 when |x - y| <= (1 + (|x| + |y|) / 2) * GX_EPS. */
+/* ---- angles and the tolerance ------------------------------------------ */
+
+/* The angle wrapped into [-pi, +pi]; both ends are legal results, so -pi
+ * stays -pi and +pi stays +pi. */
+GX_API double gx_delta(double angle);
+/* The angle wrapped into [center - pi, center + pi]. */
+GX_API double gx_delta_center(double angle, double center);
+/* 1 when |x - y| <= (1 + (|x| + |y|) / 2) * GX_EPS, else 0: absolute near
+ * zero, relative for large values.  The equality of doubles everywhere. */
 GX_API int gx_eq(double x, double y);
+
+/* ---- radii and meridian arcs (a in any linear unit, phi in radians) ---- */
+
+/* w = sqrt(1 - e2 sin^2 phi), without unit. */
+GX_API double gx_w(double e2, double phi);
+/* Radius of curvature in the meridian at phi. */
+GX_API double gx_m(double a, double e2, double phi);
+/* Radius of curvature in the prime vertical at phi. */
+GX_API double gx_n(double a, double e2, double phi);
+/* Radius of the sphere of the same area (authalic radius); a for a sphere. */
+GX_API double gx_auth_r(double a, double e2);
+/* Radius of the sphere of the same meridian length (rectifying radius); a
+ * for a sphere. */
+GX_API double gx_rect_r(double a, double e2);
+/* Length of the meridian arc from the equator to phi, signed like phi.  A
+ * series in the third flattening for e2 below GX_SERIES_LIMIT, elliptic
+ * integrals at and above it. */
+GX_API double gx_q(double a, double e2, double phi);
+/* Length of the quarter meridian, equator to pole. */
+GX_API double gx_q90(double a, double e2);
 
 #ifdef __cplusplus
 }
