@@ -1,6 +1,7 @@
 // The message hook, its masks, and the record's clearing rule.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 
 #include "frame/diagnostics.h"

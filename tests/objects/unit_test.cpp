@@ -1,7 +1,9 @@
 // The unit family: the common operations told once, on the smallest family.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstring>
+#include <memory>
 
 #include "frame/hook_support.h"
 #include "frame/object.h"
@@ -112,7 +114,7 @@ INSTANTIATE_TEST_SUITE_P(
                                   "Unit factor (0.0) in WKT string is <= 0"},
                       BadUnitText{"UNIT[\"Meter\",X[1]]", 422,
                                   "Unit factor (0.0) in WKT string is <= 0"},
-                      BadUnitText{"UNIT[[\"a\"],1]", 465, "Name not found in WKT string"},
+                      BadUnitText{"UNIT[[\"a\"],1]", 455, "Missing unit conversion factor in WKT string"},
                       BadUnitText{"UNIT[\"M\",1,AUTHORITY[\"EPSG\",0]]", 311,
                                   "Invalid authority code argument (0)"},
                       BadUnitText{"UNIT[\"M\",1,AUTHORITY[\"\",4326]]", 320,
