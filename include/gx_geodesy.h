@@ -69,6 +69,20 @@ GX_API double gx_eta_to_phi(double e2, double eta);
 GX_API double gx_phi_to_phig(double e2, double phi);
 GX_API double gx_phig_to_phi(double e2, double phig);
 
+/* ---- geodetic and geocentric Cartesian coordinates --------------------- */
+
+/* Latitude phi, longitude lambda (radians) and height h above the ellipsoid
+ * to Earth-centred x, y, z in the unit of a.  The three output pointers must
+ * not be null. */
+GX_API void gx_curv_to_cart(double a, double e2, double phi, double lambda, double h, double *x,
+                            double *y, double *z);
+/* Earth-centred x, y, z to latitude, longitude (radians) and height, by two
+ * fixed passes of Bowring's formula: about 1e-11 radian for heights of a few
+ * kilometres.  On the polar axis (the centre included) lambda is 0 and phi
+ * +-pi/2 by the sign of z.  The three output pointers must not be null. */
+GX_API void gx_cart_to_curv(double a, double e2, double x, double y, double z, double *phi,
+                            double *lambda, double *h);
+
 #ifdef __cplusplus
 }
 #endif
