@@ -8,5 +8,6 @@
 #include "gx_frame.h"
 #include "gx_objects.h"
 #include "gx_geodesy.h"
+#include "gx_methods.h"
 
 #endif /* ORVAMOBILEGX_H */
