@@ -8,6 +8,8 @@
 #define GX_OBJECTS_H
 
 #include "gx_frame.h"
+#include "gx_horizon.h"
+#include "gx_projections.h"
 
 #ifdef __cplusplus
 extern "C" {
@@ -26,6 +28,72 @@ GX_API int32_t gx_authority_authcode(const gx_authority *obj); /* 0 if invalid *
 /* Copies the version into a 16-byte buffer; empty if invalid, null for a null buffer. */
 GX_API char *gx_authority_version(const gx_authority *obj, char *buffer);
 GX_API gx_wchar *gx_authority_version_w(const gx_authority *obj, gx_wchar *buffer);
+
+/* ---- projection: a named set of functions out of the projection list ------------- */
+GX_DECLARE_COMMON(gx_projection, projection)
+GX_DECLARE_AUTHORITY_OPS(gx_projection, projection)
+/* A projection of `name` with the functions given.  With a null forward or
+ * inverse, both are taken from the listed projection of that name (none:
+ * error 340).  Such an object never has a constants loader or projected-side
+ * horizons.  A null horizon is the world rectangle.  A listed name gives the
+ * object that row's factory code. */
+GX_API gx_projection *gx_projection_new(const char *name, gx_projection_fn forward,
+                                        gx_projection_fn inverse, gx_horizon_builder horizon);
+GX_API gx_projection *gx_projection_new_errext(const char *name, gx_projection_fn forward,
+                                               gx_projection_fn inverse,
+                                               gx_horizon_builder horizon, gx_errext *record);
+GX_API gx_projection *gx_projection_new_w(const gx_wchar *name);
+/* The functions; an invalid object gives identity functions that return n. */
+GX_API gx_projection_fn gx_projection_forward(const gx_projection *obj);
+GX_API gx_projection_fn gx_projection_inverse(const gx_projection *obj);
+/* Horizon builders; for an invalid object the world rectangle (geographic
+ * side) or null. */
+GX_API gx_horizon_builder gx_projection_horizon(const gx_projection *obj);
+GX_API gx_horizon_builder gx_projection_horizon_pcs(const gx_projection *obj);
+GX_API gx_horizon_builder gx_projection_horizon_gcs_raster(const gx_projection *obj);
+GX_API gx_horizon_builder gx_projection_horizon_pcs_raster(const gx_projection *obj);
+
+/* ---- projcs: a projected coordinate system ----------------------------------------- */
+GX_DECLARE_COMMON(gx_projcs, projcs)
+GX_DECLARE_AUTHORITY_OPS(gx_projcs, projcs)
+/* Takes ownership of geogcs, projection, the 16 parameters (by slot, null
+ * where absent; the array itself stays the caller's) and unit, on success.
+ * Errors: 331 geogcs, 328 projection, 330 parameters, 323 unit. */
+GX_API gx_projcs *gx_projcs_new(const char *name, gx_geogcs *geogcs, gx_projection *projection,
+                                gx_parameter **parameters, gx_unit *unit);
+GX_API gx_projcs *gx_projcs_new_errext(const char *name, gx_geogcs *geogcs,
+                                       gx_projection *projection, gx_parameter **parameters,
+                                       gx_unit *unit, gx_errext *record);
+GX_API gx_projcs *gx_projcs_new_w(const gx_wchar *name, gx_geogcs *geogcs,
+                                  gx_projection *projection, gx_parameter **parameters,
+                                  gx_unit *unit);
+/* Parts, lent; null if invalid. */
+GX_API gx_geogcs *gx_projcs_geogcs(const gx_projcs *obj);
+GX_API gx_projection *gx_projcs_projection(const gx_projcs *obj);
+GX_API gx_unit *gx_projcs_unit(const gx_projcs *obj);
+/* Copies the 16 parameter pointers (lent) into `parameters`, after clearing
+ * it; 0 for an invalid object or a null array. */
+GX_API int gx_projcs_parameters(const gx_projcs *obj, gx_parameter **parameters);
+/* gx_projcs_eq without the name of the system itself. */
+GX_API int gx_projcs_eqnn(const gx_projcs *a, const gx_projcs *b);
+/* The constants a conversion needs: loaded on first use, or here in
+ * advance.  Returns the loader's result, 0 when nothing was loaded. */
+GX_API int32_t gx_projcs_load_constants(gx_projcs *obj);
+GX_API void gx_projcs_unload_constants(gx_projcs *obj);
+GX_API int gx_projcs_isconstloaded(const gx_projcs *obj);
+/* A copy expressed in other units with the same geometry; a null or invalid
+ * unit is not altered.  The copy is fresh: status "new", no code, no authority. */
+GX_API gx_projcs *gx_projcs_clone_alterunits(const gx_projcs *obj, const gx_unit *linear_unit,
+                                             const gx_unit *angular_unit);
+/* Kept in the interface; names of auxiliary sphere types are not resolved:
+ * null and -1 whatever the argument. */
+GX_API const char *gx_auxiliary_sphere_code_to_name(int32_t code);
+GX_API int32_t gx_auxiliary_sphere_name_to_code(const char *name);
+/* Fills parameters[16] with new parameters at their table defaults for the
+ * projection's factory code (by slot, null elsewhere); returns how many,
+ * 0 for an unknown code.  The caller owns them. */
+GX_API int gx_parameter_projection_defaults(const gx_projection *projection,
+                                            gx_parameter **parameters);
 
 #ifdef __cplusplus
 }

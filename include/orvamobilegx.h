@@ -9,5 +9,7 @@
 #include "gx_objects.h"
 #include "gx_geodesy.h"
 #include "gx_projections.h"
+#include "gx_horizon.h"
+#include "gx_convert.h"
 
 #endif /* ORVAMOBILEGX_H */

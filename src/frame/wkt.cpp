@@ -180,7 +180,7 @@ int32_t gx_wkt_skip(const gx_wkt_tokens* block, int32_t index, int32_t end) {
 
 bool gx_wkt_walk_begin(gx_wkt_walk* walk, gx_wkt_tokens* block, int32_t start, int32_t* next,
                        gx_errext* record, const char* keyword, const char* alias,
-                       int32_t min_tokens, const char* function, bool alt_wording) {
+                       int32_t min_tokens, const char* function, unsigned alt_wordings) {
   walk->record = gx_errext_begin(record, &walk->local);
   walk->caller_record = record != nullptr;
   walk->block = block;
@@ -190,7 +190,8 @@ bool gx_wkt_walk_begin(gx_wkt_walk* walk, gx_wkt_tokens* block, int32_t start, i
   walk->name = "";
   for (void*& part : walk->parts) part = nullptr;
   if (start < 0 || start >= block->count) {
-    (alt_wording ? gx_report_alt : gx_report)(walk->record, 462, function, start);
+    ((alt_wordings & GX_WKT_ALT_462) ? gx_report_alt : gx_report)(walk->record, 462, function,
+                                                                  start);
     return false;
   }
   walk->start = start;
@@ -200,7 +201,7 @@ bool gx_wkt_walk_begin(gx_wkt_walk* walk, gx_wkt_tokens* block, int32_t start, i
   walk->end = end;
   if (next != nullptr) *next = end;
   if (end - start < min_tokens) {
-    (alt_wording ? gx_report_alt : gx_report)(walk->record, 459, function);
+    ((alt_wordings & GX_WKT_ALT_459) ? gx_report_alt : gx_report)(walk->record, 459, function);
     return false;
   }
   const char* word = block->tokens[start].value;

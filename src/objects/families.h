@@ -11,3 +11,15 @@ gx_authority* gx_authority_from_tokens(gx_wkt_tokens* block, int32_t start, int3
                                        gx_errext* record);
 gx_unit* gx_unit_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
                              gx_errext* record);
+gx_parameter* gx_parameter_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
+                                       gx_errext* record);
+gx_geogcs* gx_geogcs_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
+                                 gx_errext* record);
+gx_projection* gx_projection_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
+                                         gx_errext* record);
+gx_projcs* gx_projcs_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
+                                 gx_errext* record);
+
+// Internal accessors of the projected families.
+gx_constants_fn gx_projection_constants_fn(const gx_projection* obj);
+gx_constants* gx_projcs_constants(const gx_projcs* obj);
