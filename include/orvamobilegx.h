@@ -11,5 +11,6 @@
 #include "gx_projections.h"
 #include "gx_horizon.h"
 #include "gx_convert.h"
+#include "gx_methods.h"
 
 #endif /* ORVAMOBILEGX_H */
