@@ -30,6 +30,15 @@ GX_API int32_t gx_proj_to_geog_center(gx_projcs *projcs, int32_t n, double *coor
 /* direction 0: gx_proj_to_geog; 1: gx_geog_to_proj; anything else: 0. */
 GX_API int32_t gx_proj_geog(gx_projcs *projcs, int32_t n, double *coords, int32_t direction);
 
+/* Between the two geographic systems of a transformation: direction 0 from
+ * geogcs1 to geogcs2, 1 the reverse.  coords in the unit of the system it
+ * starts from; z null or n heights in metres.  Returns the method's count;
+ * unlike the projected conversions, the array is not given back on failure. */
+GX_API int32_t gx_geog_to_geog(gx_geogtran *tran, int32_t n, double *coords, double *z,
+                               int32_t direction);
+GX_API int32_t gx_geog1_to_geog2(gx_geogtran *tran, int32_t n, double *coords, double *z);
+GX_API int32_t gx_geog2_to_geog1(gx_geogtran *tran, int32_t n, double *coords, double *z);
+
 #ifdef __cplusplus
 }
 #endif

@@ -9,6 +9,7 @@
 
 #include "gx_frame.h"
 #include "gx_horizon.h"
+#include "gx_methods.h"
 #include "gx_projections.h"
 
 #ifdef __cplusplus
@@ -94,6 +95,46 @@ GX_API int32_t gx_auxiliary_sphere_name_to_code(const char *name);
  * 0 for an unknown code.  The caller owns them. */
 GX_API int gx_parameter_projection_defaults(const gx_projection *projection,
                                             gx_parameter **parameters);
+
+/* ---- method: one way from one geographic CS to another ------------------------------ */
+GX_DECLARE_COMMON(gx_method, method)
+GX_DECLARE_AUTHORITY_OPS(gx_method, method)
+/* With a null forward or inverse, both come from the listed method of that
+ * name (none: error 340); a method made here never has a grid loader. */
+GX_API gx_method *gx_method_new(const char *name, gx_method_fn forward, gx_method_fn inverse);
+GX_API gx_method *gx_method_new_errext(const char *name, gx_method_fn forward,
+                                       gx_method_fn inverse, gx_errext *record);
+GX_API gx_method *gx_method_new_w(const gx_wchar *name, gx_method_fn forward,
+                                  gx_method_fn inverse);
+/* The functions; an invalid object gives an identity function returning n. */
+GX_API gx_method_fn gx_method_forward(const gx_method *obj);
+GX_API gx_method_fn gx_method_inverse(const gx_method *obj);
+
+/* ---- geogtran: a geographic transformation ------------------------------------------ */
+GX_DECLARE_COMMON(gx_geogtran, geogtran)
+GX_DECLARE_AUTHORITY_OPS(gx_geogtran, geogtran)
+/* Takes ownership of both systems, the method and the 16 parameters on
+ * success.  Errors: 332 geogcs1, 333 geogcs2, 335 method, 330 parameters. */
+GX_API gx_geogtran *gx_geogtran_new(const char *name, gx_geogcs *geogcs1, gx_geogcs *geogcs2,
+                                    gx_method *method, gx_parameter **parameters);
+GX_API gx_geogtran *gx_geogtran_new_errext(const char *name, gx_geogcs *geogcs1,
+                                           gx_geogcs *geogcs2, gx_method *method,
+                                           gx_parameter **parameters, gx_errext *record);
+GX_API gx_geogtran *gx_geogtran_new_w(const gx_wchar *name, gx_geogcs *geogcs1,
+                                      gx_geogcs *geogcs2, gx_method *method,
+                                      gx_parameter **parameters);
+GX_API gx_geogcs *gx_geogtran_geogcs1(const gx_geogtran *obj);
+GX_API gx_geogcs *gx_geogtran_geogcs2(const gx_geogtran *obj);
+GX_API gx_method *gx_geogtran_method(const gx_geogtran *obj);
+GX_API int gx_geogtran_parameters(const gx_geogtran *obj, gx_parameter **parameters);
+/* A grid method's data, read once: a failed load is not tried again until
+ * gx_geogtran_unload_constants.  isconstloaded tells that a load was tried. */
+GX_API int32_t gx_geogtran_load_constants(gx_geogtran *obj);
+GX_API void gx_geogtran_unload_constants(gx_geogtran *obj);
+GX_API int gx_geogtran_isconstloaded(const gx_geogtran *obj);
+/* The starting set of parameters of a method (by its factory code); as
+ * gx_parameter_projection_defaults. */
+GX_API int gx_parameter_method_defaults(const gx_method *method, gx_parameter **parameters);
 
 #ifdef __cplusplus
 }

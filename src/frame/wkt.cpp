@@ -4,6 +4,7 @@
 
 #include <cctype>
 #include <cstdarg>
+#include <cstring>
 
 #include "frame/diagnostics.h"
 #include "frame/object.h"
@@ -293,4 +294,12 @@ void gx_wkt_walk_drop(gx_wkt_walk* walk) {
     gx_object_del(part);
     part = nullptr;
   }
+}
+
+void gx_wkt_append_clause(char* buffer, const char* clause) {
+  size_t length = std::strlen(buffer);
+  size_t extra = std::strlen(clause);
+  if (length + extra + 1 >= GX_WKT_SIZE - 2) return;
+  buffer[length] = ',';
+  std::memcpy(buffer + length + 1, clause, extra + 1);
 }

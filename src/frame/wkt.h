@@ -105,5 +105,10 @@ void gx_wkt_walk_fail(gx_wkt_walk* walk);
 // The index behind the token at `index` and everything nested in it.
 int32_t gx_wkt_skip(const gx_wkt_tokens* block, int32_t index, int32_t end);
 
+// Writing: appends "," and the clause when what stands so far, the clause
+// and one more character stay below 1022; a clause that doesn't fit is
+// dropped in silence.
+void gx_wkt_append_clause(char* buffer, const char* clause);
+
 // Deletes every part the walk holds.
 void gx_wkt_walk_drop(gx_wkt_walk* walk);

@@ -30,10 +30,21 @@ enum : int32_t {
   kXScale = 100037,
   kYScale = 100038,
   kXYPlaneRotation = 100039,
+  kXAxisTranslation = 100040,
+  kYAxisTranslation = 100041,
+  kZAxisTranslation = 100042,
+  kXAxisRotation = 100043,
+  kYAxisRotation = 100044,
+  kZAxisRotation = 100045,
+  kScaleDifference = 100046,
+  kDataset = 100047,
+  kXRotationOrigin = 100048,
+  kYRotationOrigin = 100049,
+  kZRotationOrigin = 100050,
 };
 
 constexpr int kMaxCodes = 20;
-constexpr int kMaxParameters = 8;
+constexpr int kMaxParameters = 10;
 
 // A group of projection codes and the parameters they take beside the false
 // origin, which every group has.
@@ -77,6 +88,17 @@ constexpr gx_defaults_group projection_groups[] = {
     {{43141, 43147}, {kLongitudeOfCenter, kLatitudeOfCenter, kAuxiliarySphereType}},
 };
 
+constexpr gx_defaults_group method_groups[] = {
+    {{9603, 9604, 9605}, {kXAxisTranslation, kYAxisTranslation, kZAxisTranslation}},
+    {{9606, 9607, 109607},
+     {kXAxisTranslation, kYAxisTranslation, kZAxisTranslation, kXAxisRotation, kYAxisRotation,
+      kZAxisRotation, kScaleDifference}},
+    {{9636},
+     {kXAxisTranslation, kYAxisTranslation, kZAxisTranslation, kXAxisRotation, kYAxisRotation,
+      kZAxisRotation, kScaleDifference, kXRotationOrigin, kYRotationOrigin, kZRotationOrigin}},
+    {{9613, 9615, 109613}, {kDataset}},
+};
+
 const gx_defaults_group* group_of(const gx_defaults_group* groups, size_t count, int32_t code) {
   for (size_t g = 0; g < count; ++g)
     for (int32_t member : groups[g].codes) {
@@ -94,10 +116,8 @@ int place(int32_t code, gx_parameter** parameters) {
   return parameters[row->slot] != nullptr ? 1 : 0;
 }
 
-}  // namespace
-
 // Makes the parameters of a group (the false origin first when asked for).
-int gx_parameter_defaults_make(const int32_t* codes, int count, bool false_origin,
+int defaults_make(const int32_t* codes, int count, bool false_origin,
                                gx_parameter** parameters) {
   int made = 0;
   if (false_origin) {
@@ -107,6 +127,8 @@ int gx_parameter_defaults_make(const int32_t* codes, int count, bool false_origi
   for (int k = 0; k < count && codes[k] != 0; ++k) made += place(codes[k], parameters);
   return made;
 }
+
+}  // namespace
 
 extern "C" GX_API int gx_parameter_projection_defaults(const gx_projection* projection,
                                                        gx_parameter** parameters) {
@@ -118,5 +140,16 @@ extern "C" GX_API int gx_parameter_projection_defaults(const gx_projection* proj
   const gx_defaults_group* group = group_of(
       projection_groups, sizeof projection_groups / sizeof projection_groups[0], code);
   if (group == nullptr) return 0;
-  return gx_parameter_defaults_make(group->parameters, kMaxParameters, true, parameters);
+  return defaults_make(group->parameters, kMaxParameters, true, parameters);
+}
+
+extern "C" GX_API int gx_parameter_method_defaults(const gx_method* method,
+                                                   gx_parameter** parameters) {
+  if (parameters == nullptr) return 0;
+  for (int slot = 0; slot < 16; ++slot) parameters[slot] = nullptr;
+  if (!gx_method_p(method)) return 0;
+  const gx_defaults_group* group =
+      group_of(method_groups, sizeof method_groups / sizeof method_groups[0], gx_object_code(method));
+  if (group == nullptr) return 0;
+  return defaults_make(group->parameters, kMaxParameters, false, parameters);
 }

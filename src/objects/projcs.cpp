@@ -4,7 +4,7 @@
 #include "frame/constants.h"
 #include "frame/family.h"
 #include "objects/families.h"
-#include "objects/parmlist.h"
+#include "objects/parameter_slots.h"
 #include "objects/projlist.h"
 
 struct gx_projcs {
@@ -22,7 +22,6 @@ namespace {
 constexpr const char* kNew = "gx_projcs_new";
 constexpr const char* kFromString = "gx_projcs_from_string";
 constexpr int32_t kMinTokens = 2;  // keyword, name
-constexpr uint32_t kProjcsOwner = GX_TYPE_PROJCS;
 
 enum walk_slot { kAuthority = GX_WKT_AUTHORITY_SLOT, kGeogcs, kProjection, kUnit, kFirstParameter };
 static_assert(kFirstParameter + GX_PARM_COUNT <= GX_WKT_MAX_PARTS, "the walk holds every slot");
@@ -64,29 +63,11 @@ constexpr gx_alias old_names[] = {
     {nullptr, nullptr},
 };
 
-// PARAMETER: known by the parameter table, owned by a projcs, one per slot.
+constexpr gx_parameter_owner projcs_owner = {GX_TYPE_PROJCS, "a projcs", kFromString,
+                                             kFirstParameter};
+
 bool take_parameter(gx_wkt_walk* walk, int32_t index, int32_t* next) {
-  gx_errext* record = walk->caller_record ? walk->record : nullptr;
-  gx_parameter* parameter = gx_parameter_from_tokens(walk->block, index, next, record);
-  if (parameter == nullptr) return false;
-  char name[GX_NAME_SIZE];
-  gx_parameter_name(parameter, name);
-  const gx_parameter_row* row = gx_parmlist_row_from_name(name);
-  bool ok = false;
-  if (row == nullptr)
-    gx_report(walk->record, 423, kFromString, name);
-  else if ((row->owner & kProjcsOwner) == 0)
-    gx_report(walk->record, 424, kFromString, name, "a projcs");
-  else if (walk->parts[kFirstParameter + row->slot] != nullptr)
-    gx_report(walk->record, 411, kFromString, name);
-  else
-    ok = true;
-  if (!ok) {
-    gx_parameter_del(parameter);
-    return false;
-  }
-  walk->parts[kFirstParameter + row->slot] = parameter;
-  return true;
+  return gx_parameter_take(walk, index, next, projcs_owner);
 }
 
 constexpr gx_wkt_clause projcs_clauses[] = {
@@ -100,44 +81,8 @@ constexpr gx_wkt_clause projcs_clauses[] = {
     {"PARAMETER", nullptr, nullptr, 0, 0, 0, false, take_parameter},
 };
 
-// Appends ",clause" when what stands so far, the clause and one more
-// character stay below 1022; a clause that doesn't fit is dropped.
-void append_clause(char* buffer, const char* clause) {
-  size_t length = std::strlen(buffer);
-  size_t extra = std::strlen(clause);
-  if (length + extra + 1 >= GX_WKT_SIZE - 2) return;
-  buffer[length] = ',';
-  std::memcpy(buffer + length + 1, clause, extra + 1);
-}
-
-void delete_parameters(gx_parameter** parameters) {
-  for (int slot = 0; slot < GX_PARM_COUNT; ++slot) gx_parameter_del(parameters[slot]);
-}
-
-// Clones all 16 slots; false (and nothing left) when one clone fails.
-bool clone_parameters(gx_parameter* const* source, gx_parameter** copy) {
-  for (int slot = 0; slot < GX_PARM_COUNT; ++slot) {
-    copy[slot] = nullptr;
-    if (source[slot] == nullptr) continue;
-    copy[slot] = gx_parameter_clone(source[slot]);
-    if (copy[slot] == nullptr) {
-      delete_parameters(copy);
-      return false;
-    }
-  }
-  return true;
-}
-
-bool parameters_equal(const gx_projcs* a, const gx_projcs* b) {
-  for (int slot = 0; slot < GX_PARM_COUNT; ++slot) {
-    if (a->parameters[slot] == nullptr && b->parameters[slot] == nullptr) continue;
-    if (!gx_parameter_eq(a->parameters[slot], b->parameters[slot])) return false;
-  }
-  return true;
-}
-
 bool equal_but_name(const gx_projcs* a, const gx_projcs* b) {
-  return parameters_equal(a, b) && gx_geogcs_eq(a->geogcs, b->geogcs) &&
+  return gx_parameter_slots_equal(a->parameters, b->parameters) && gx_geogcs_eq(a->geogcs, b->geogcs) &&
          gx_projection_eq(a->projection, b->projection) && gx_unit_eq(a->unit, b->unit);
 }
 
@@ -148,7 +93,7 @@ gx_projcs* new_or_delete(const char* name, gx_geogcs* geogcs, gx_projection* pro
   if (obj == nullptr) {
     gx_geogcs_del(geogcs);
     gx_projection_del(projection);
-    delete_parameters(parameters);
+    gx_parameter_slots_delete(parameters);
     gx_unit_del(unit);
   }
   return obj;
@@ -165,7 +110,7 @@ struct gx_family<gx_projcs> {
 
   static gx_projcs* copy(const gx_projcs* obj) {
     gx_parameter* parameters[GX_PARM_COUNT];
-    if (!clone_parameters(obj->parameters, parameters)) return nullptr;
+    if (!gx_parameter_slots_clone(obj->parameters, parameters)) return nullptr;
     return new_or_delete(obj->head.name, gx_geogcs_clone(obj->geogcs),
                          gx_projection_clone(obj->projection), parameters,
                          gx_unit_clone(obj->unit));
@@ -173,7 +118,7 @@ struct gx_family<gx_projcs> {
   static void release(gx_projcs* obj) {
     gx_geogcs_del(obj->geogcs);
     gx_projection_del(obj->projection);
-    delete_parameters(obj->parameters);
+    gx_parameter_slots_delete(obj->parameters);
     gx_unit_del(obj->unit);
     gx_constants_del(obj->constants);
   }
@@ -187,11 +132,8 @@ struct gx_family<gx_projcs> {
     gx_geogcs_to_string_ext(obj->geogcs, option, geogcs);
     gx_projection_to_string_ext(obj->projection, option, part);
     gx_snprintf(buffer, GX_WKT_SIZE, "PROJCS[\"%s\",%s,%s", obj->head.name, geogcs, part);
-    for (const gx_parameter* parameter : obj->parameters) {
-      if (parameter == nullptr) continue;
-      append_clause(buffer, gx_parameter_to_string_ext(parameter, option, part));
-    }
-    append_clause(buffer, gx_unit_to_string_ext(obj->unit, option, part));
+    gx_parameter_slots_print(obj->parameters, option, buffer);
+    gx_wkt_append_clause(buffer, gx_unit_to_string_ext(obj->unit, option, part));
   }
   static gx_projcs* from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
                                 gx_errext* record);
@@ -370,7 +312,7 @@ GX_API gx_projcs* gx_projcs_clone_alterunits(const gx_projcs* obj, const gx_unit
 
   gx_projection* projection = gx_projection_clone(source->projection);
   gx_parameter* parameters[GX_PARM_COUNT];
-  if (!clone_parameters(source->parameters, parameters)) {
+  if (!gx_parameter_slots_clone(source->parameters, parameters)) {
     gx_projection_del(projection);
     return nullptr;
   }

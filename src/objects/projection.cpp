@@ -19,14 +19,11 @@ struct gx_projection {
 namespace {
 
 constexpr const char* kNew = "gx_projection_new";
-constexpr int32_t kMinTokens = 2;  // keyword, name
 
 // What an invalid projection hands out: coordinates stay as they are.
 int32_t identity(const double*, double*, int32_t n, double*, const int32_t*, const double*) {
   return n;
 }
-
-constexpr gx_wkt_clause projection_clauses[] = {gx_authority_clause};
 
 // The horizon of a projection made by hand without one: the world rectangle,
 // through a builder of its own so that such a projection is told apart from
@@ -89,17 +86,8 @@ GX_FAMILY_AUTHORITY_EXPORTS(gx_projection, projection)
 // so a projection read from text always has its functions.
 gx_projection* gx_family<gx_projection>::from_tokens(gx_wkt_tokens* block, int32_t start,
                                                      int32_t* next, gx_errext* record) {
-  gx_wkt_walk walk;
-  if (!gx_wkt_walk_begin(&walk, block, start, next, record, keyword, nullptr, kMinTokens,
-                         "gx_projection_from_string"))
-    return nullptr;
-  if (!gx_wkt_walk_clauses(&walk, start + 2, projection_clauses, 1)) {
-    gx_wkt_walk_drop(&walk);
-    return nullptr;
-  }
-  gx_projection* obj =
-      gx_projlist_projection_from_name(walk.name, walk.caller_record ? walk.record : nullptr);
-  return gx_family_ops<gx_projection>::finish_parse(obj, &walk);
+  return gx_read_named<gx_projection>(block, start, next, record,
+                                      gx_projlist_projection_from_name);
 }
 
 gx_projection* gx_projection_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
