@@ -171,7 +171,7 @@ struct gx_family_ops {
   static void append_authority(T* obj, char* buffer) {
     gx_authority* authority = authority_of(obj);
     if (authority == nullptr) return;
-    char clause[256];
+    char clause[GX_WKT_SIZE];  // every to_string_ext writes a whole WKT buffer
     gx_wkt_append_clause(buffer, gx_authority_to_string(authority, clause));
   }
 

@@ -181,7 +181,7 @@ struct gx_family<gx_geogtran> {
   static void print(const gx_geogtran* obj, int option, char* buffer) {
     char geogcs1[GX_WKT_SIZE];
     char geogcs2[GX_WKT_SIZE];
-    char method[256];
+    char method[GX_WKT_SIZE];
     gx_geogcs_to_string_ext(obj->geogcs1, option, geogcs1);
     gx_geogcs_to_string_ext(obj->geogcs2, option, geogcs2);
     gx_method_to_string_ext(obj->method, option, method);

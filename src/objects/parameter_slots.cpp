@@ -34,7 +34,7 @@ bool gx_parameter_slots_equal(gx_parameter* const* a, gx_parameter* const* b) {
 }
 
 void gx_parameter_slots_print(gx_parameter* const* slots, int option, char* buffer) {
-  char clause[256];
+  char clause[GX_WKT_SIZE];
   for (int slot = 0; slot < GX_PARAMETER_SLOTS; ++slot) {
     if (slots[slot] == nullptr) continue;
     gx_wkt_append_clause(buffer, gx_parameter_to_string_ext(slots[slot], option, clause));

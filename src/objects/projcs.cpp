@@ -128,7 +128,7 @@ struct gx_family<gx_projcs> {
   // PROJCS["name",GEOGCS[...],PROJECTION[...],PARAMETER[...]...,UNIT[...]
   static void print(const gx_projcs* obj, int option, char* buffer) {
     char geogcs[GX_WKT_SIZE];
-    char part[256];
+    char part[GX_WKT_SIZE];
     gx_geogcs_to_string_ext(obj->geogcs, option, geogcs);
     gx_projection_to_string_ext(obj->projection, option, part);
     gx_snprintf(buffer, GX_WKT_SIZE, "PROJCS[\"%s\",%s,%s", obj->head.name, geogcs, part);
