@@ -15,6 +15,12 @@ gx_unit* gx_unit_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
                              gx_errext* record);
 gx_parameter* gx_parameter_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
                                        gx_errext* record);
+gx_spheroid* gx_spheroid_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
+                                     gx_errext* record);
+gx_primem* gx_primem_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
+                                 gx_errext* record);
+gx_datum* gx_datum_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
+                               gx_errext* record);
 gx_geogcs* gx_geogcs_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,
                                  gx_errext* record);
 gx_projection* gx_projection_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* next,

@@ -110,7 +110,7 @@ const gx_defaults_group* group_of(const gx_defaults_group* groups, size_t count,
 
 // Places one parameter made from its factory row in its slot.
 int place(int32_t code, gx_parameter** parameters) {
-  const gx_parameter_row* row = gx_parmlist_row_from_code(code);
+  const gx_parmlist_row* row = gx_parmlist_row_from_code(code);
   if (row == nullptr) return 0;
   parameters[row->slot] = gx_parmlist_parameter_from_code(code);
   return parameters[row->slot] != nullptr ? 1 : 0;

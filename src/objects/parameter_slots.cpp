@@ -48,11 +48,11 @@ bool gx_parameter_take(gx_wkt_walk* walk, int32_t index, int32_t* next,
   if (parameter == nullptr) return false;
   char name[GX_NAME_SIZE];
   gx_parameter_name(parameter, name);
-  const gx_parameter_row* row = gx_parmlist_row_from_name(name);
+  const gx_parmlist_row* row = gx_parmlist_row_from_name(name);
   bool ok = false;
   if (row == nullptr)
     gx_report(walk->record, 423, owner.function, name);
-  else if ((row->owner & owner.owner_bit) == 0)
+  else if ((row->owners & owner.owner_bit) == 0)
     gx_report(walk->record, 424, owner.function, name, owner.owner_text);
   else if (walk->parts[owner.first_part + row->slot] != nullptr)
     gx_report(walk->record, 411, owner.function, name);
