@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "frame/constants.h"
+#include "frame/object.h"
 #include "gx_convert.h"
 #include "gx_geodesy.h"
 #include "objects/families.h"

@@ -2,7 +2,10 @@
 // slots and a linear unit; and the constants block a conversion loads.
 #include "convert/projcs_setup.h"
 #include "frame/constants.h"
+#include <initializer_list>
+
 #include "frame/family.h"
+#include "gx_geodesy.h"
 #include "objects/families.h"
 #include "objects/parameter_slots.h"
 #include "objects/projlist.h"

@@ -150,11 +150,9 @@ TEST(ProjectionDriver, RefusedRunGivesTheInputBackClippedAtThePole) {
   gx_projcs_del(projcs);
 
   // A projection that leaves the array alone and refuses: angles come back.
-  gx_projcs* quiet = MakeProjcs(
-      [](const double*, double*, int32_t, double*, const int32_t*, const double*) -> int32_t {
-        return 0;
-      },
-      refuse, {});
+  gx_projection_fn leave = [](const double*, double*, int32_t, double*, const int32_t*,
+                              const double*) -> int32_t { return 0; };
+  gx_projcs* quiet = MakeProjcs(leave, leave, {});
   double ll[2] = {10.0, 91.0};
   EXPECT_EQ(gx_geog_to_proj(quiet, 1, ll), 0);
   EXPECT_NEAR(ll[0], 10.0, 1e-13);
