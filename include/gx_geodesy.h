@@ -51,6 +51,24 @@ GX_API double gx_q(double a, double e2, double phi);
 /* Length of the quarter meridian, equator to pole. */
 GX_API double gx_q90(double a, double e2);
 
+/* ---- auxiliary latitudes (e2, latitude in radians -> latitude) ---------
+ * chi conformal, beta authalic, mu rectifying, eta reduced (parametric),
+ * phig geocentric; phi is the geodetic latitude.  Chi, beta and mu return a
+ * latitude of exactly 0, a pole and any latitude on a sphere unchanged; they
+ * use series below GX_SERIES_LIMIT and closed forms (iterated for the
+ * inverses) at and above it.  Eta folds its argument into [-pi/2, pi/2]
+ * keeping the sign of its sine. */
+GX_API double gx_phi_to_chi(double e2, double phi);
+GX_API double gx_chi_to_phi(double e2, double chi);
+GX_API double gx_phi_to_beta(double e2, double phi);
+GX_API double gx_beta_to_phi(double e2, double beta);
+GX_API double gx_phi_to_mu(double e2, double phi);
+GX_API double gx_mu_to_phi(double e2, double mu);
+GX_API double gx_phi_to_eta(double e2, double phi);
+GX_API double gx_eta_to_phi(double e2, double eta);
+GX_API double gx_phi_to_phig(double e2, double phi);
+GX_API double gx_phig_to_phi(double e2, double phig);
+
 #ifdef __cplusplus
 }
 #endif
