@@ -3,6 +3,8 @@
 
 #include "frame/text.h"
 #include "horizon/horizon.h"
+#include "projections/auxiliary_sphere.h"
+#include "projections/cylindrical.h"
 
 namespace {
 
@@ -11,6 +13,32 @@ constexpr const char* kVersion = "9.3.0";
 
 // Rows enter as their functions exist; the list is closed by code 0.
 constexpr gx_projection_row rows[] = {
+    {43001, kOrva, kVersion, "Plate_Carree", gx_plate_carree_forward, gx_plate_carree_inverse,
+     gx_horizon_world, nullptr, nullptr, nullptr, nullptr},
+    {43002, kOrva, kVersion, "Equidistant_Cylindrical", gx_equidistant_cylindrical_forward,
+     gx_equidistant_cylindrical_inverse, gx_horizon_world, nullptr, nullptr, nullptr, nullptr},
+    {43102, kOrva, kVersion, "Equidistant_Cylindrical_Auxiliary_Sphere",
+     gx_equidistant_cylindrical_auxiliary_sphere_forward,
+     gx_equidistant_cylindrical_auxiliary_sphere_inverse, gx_horizon_world, nullptr, nullptr,
+     nullptr, gx_equidistant_cylindrical_auxiliary_sphere_constants},
+    {43003, kOrva, kVersion, "Miller_Cylindrical", gx_miller_cylindrical_forward,
+     gx_miller_cylindrical_inverse, gx_horizon_world, nullptr, nullptr, nullptr, nullptr},
+    {43103, kOrva, kVersion, "Miller_Cylindrical_Auxiliary_Sphere",
+     gx_miller_cylindrical_auxiliary_sphere_forward, gx_miller_cylindrical_auxiliary_sphere_inverse,
+     gx_horizon_world, nullptr, nullptr, nullptr, gx_miller_cylindrical_auxiliary_sphere_constants},
+    {43004, kOrva, kVersion, "Mercator", gx_mercator_forward, gx_mercator_inverse, nullptr, nullptr,
+     nullptr, nullptr, gx_mercator_constants},
+    {43104, kOrva, kVersion, "Mercator_Auxiliary_Sphere", gx_mercator_auxiliary_sphere_forward,
+     gx_mercator_auxiliary_sphere_inverse, nullptr, nullptr, nullptr, nullptr,
+     gx_mercator_auxiliary_sphere_constants},
+    {43016, kOrva, kVersion, "Gall_Stereographic", gx_gall_stereographic_forward,
+     gx_gall_stereographic_inverse, gx_horizon_world, nullptr, nullptr, nullptr,
+     gx_gall_stereographic_constants},
+    {43017, kOrva, kVersion, "Behrmann", gx_behrmann_forward, gx_behrmann_inverse, gx_horizon_world,
+     nullptr, nullptr, nullptr, gx_behrmann_constants},
+    {43034, kOrva, kVersion, "Cylindrical_Equal_Area", gx_cylindrical_equal_area_forward,
+     gx_cylindrical_equal_area_inverse, gx_horizon_world, nullptr, nullptr, nullptr,
+     gx_cylindrical_equal_area_constants},
     {0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
 };
 
