@@ -183,7 +183,8 @@ struct gx_family_ops {
   static void append_authority(T* obj, char* buffer) {
     gx_authority* authority = authority_of(obj);
     if (authority == nullptr) return;
-    char clause[256];
+    // Every to_string writes into a buffer of GX_WKT_SIZE, whatever it needs.
+    char clause[GX_WKT_SIZE];
     gx_authority_to_string(authority, clause);
     size_t length = std::strlen(buffer);
     if (length + std::strlen(clause) + 1 < GX_WKT_SIZE - 2) {
