@@ -10,5 +10,6 @@
 #include "gx_geodesy.h"
 #include "gx_projections.h"
 #include "gx_methods.h"
+#include "gx_gridref.h"
 
 #endif /* ORVAMOBILEGX_H */
