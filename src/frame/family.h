@@ -17,7 +17,12 @@
 //                                 gx_errext* record);
 //   };
 //
-// then writes GX_FAMILY_EXPORTS(gx_unit, unit) and, with an authority,
+// Two more functions are optional: `scan(block, text)`, for a family that
+// finds its text by more than one keyword, and `finish_top_level(obj)`, a
+// correction made only when an object is read as a text of its own, never
+// when it is read as a part of a larger one.
+//
+// The family then writes GX_FAMILY_EXPORTS(gx_unit, unit) and, with an authority,
 // GX_FAMILY_AUTHORITY_EXPORTS(gx_unit, unit).  Everything else here is shared:
 // the table of operations, clone, del, p, eq, name, the WKT text with its
 // authority clause, type, status, code, the authority made on demand, the _w
@@ -36,10 +41,16 @@
 template <class T>
 struct gx_family;
 
-// Stack buffers for the _w siblings: a name or a WKT text.
+// Stack buffers for the _w siblings: a name or a WKT text.  The conversion
+// stops at the buffer's size, so an overlong 16-bit text is cut, never
+// written past the buffer.
 struct gx_narrow_text {
   char text[GX_WKT_SIZE];
-  explicit gx_narrow_text(const gx_wchar* wide) { gx_narrow_from_wide(text, wide, -1); }
+  explicit gx_narrow_text(const gx_wchar* wide) { gx_narrow_from_wide(text, wide, GX_WKT_SIZE - 1); }
+};
+struct gx_narrow_name {
+  char text[GX_NAME_SIZE];
+  explicit gx_narrow_name(const gx_wchar* wide) { gx_narrow_from_wide(text, wide, GX_NAME_SIZE - 1); }
 };
 
 template <class T>
@@ -86,7 +97,11 @@ struct gx_family_ops {
     if (block.severity != 0)
       gx_errext_set(record, block.severity, GX_CAT_WKT, block.code, function.text, block.message);
     if (r != 0) return nullptr;
-    return F::from_tokens(&block, 0, nullptr, caller);
+    T* obj = F::from_tokens(&block, 0, nullptr, caller);
+    if constexpr (requires { F::finish_top_level(obj); }) {
+      if (obj != nullptr) F::finish_top_level(obj);
+    }
+    return obj;
   }
 
   static int scan(gx_wkt_tokens* block, const char* text) {
