@@ -80,3 +80,13 @@ GX_DECLARE_PROJECTION_FUNCTIONS(stereographic_south_pole);
 GX_DECLARE_PROJECTION_LOADER(stereographic_south_pole);
 GX_DECLARE_PROJECTION_FUNCTIONS(double_stereographic);
 GX_DECLARE_PROJECTION_LOADER(double_stereographic);
+GX_DECLARE_PROJECTION_FUNCTIONS(lambert_azimuthal_equal_area);
+GX_DECLARE_PROJECTION_LOADER(lambert_azimuthal_equal_area);
+GX_DECLARE_PROJECTION_FUNCTIONS(azimuthal_equidistant);
+GX_DECLARE_PROJECTION_LOADER(azimuthal_equidistant);
+GX_DECLARE_PROJECTION_FUNCTIONS(two_point_equidistant);
+GX_DECLARE_PROJECTION_FUNCTIONS(gnomonic);
+GX_DECLARE_PROJECTION_LOADER(gnomonic);  // Orthographic's loader too
+GX_DECLARE_PROJECTION_FUNCTIONS(orthographic);
+GX_DECLARE_PROJECTION_FUNCTIONS(vertical_near_side_perspective);
+GX_DECLARE_PROJECTION_LOADER(vertical_near_side_perspective);

@@ -232,6 +232,9 @@ inline void check_empty_run(const projection_case& c) {
   }
 }
 
+// Names a case in test output.
+inline void PrintTo(const projection_case& c, std::ostream* os) { *os << c.label; }
+
 inline std::string case_name(const projection_case& c) {
   std::string name;
   for (char ch : c.label) name += std::isalnum(static_cast<unsigned char>(ch)) ? ch : '_';
