@@ -15,8 +15,7 @@
 
 #include "frame/constants.h"
 #include "frame/text.h"
-#include "geodesy/ellipsoid.h"  // the angle constants and gx_hypot
-#include "gx_geodesy.h"
+#include "geodesy/kernel.h"
 #include "gx_projections.h"
 
 // Where an algorithm can't take the exact pole, a latitude equal to +-pi/2
