@@ -27,6 +27,12 @@ constexpr gx_method_row rows[] = {
      gx_method_molodensky_abridged_inverse, nullptr},
     {9636, kEpsg, kEpsgVersion, "Molodensky_Badekas", gx_method_molodensky_badekas_forward,
      gx_method_molodensky_badekas_inverse, nullptr},
+    {9613, kEpsg, kEpsgVersion, "NADCON", gx_method_nadcon_forward, gx_method_nadcon_inverse,
+     gx_method_nadcon_load},
+    {109613, kOrva, kOrvaVersion, "HARN", gx_method_harn_forward, gx_method_harn_inverse,
+     gx_method_harn_load},
+    {9615, kEpsg, kEpsgVersion, "NTv2", gx_method_ntv2_forward, gx_method_ntv2_inverse,
+     gx_method_ntv2_load},
     {0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
 };
 
