@@ -21,10 +21,12 @@ typedef std::function<float(int row, int column)> node_field;
 // interpolation reproduces it exactly and a test can say what it must give.
 struct bilinear_field {
   float a, b, c, d;
+  bilinear_field(float a_, float b_, float c_, float d_) : a(a_), b(b_), c(c_), d(d_) {}
   node_field nodes() const {
     const bilinear_field f = *this;
     return [f](int row, int column) { return static_cast<float>(f.at(column, row)); };
   }
+  operator node_field() const { return nodes(); }
   double at(double column, double row) const { return a + b * column + c * row + d * column * row; }
 };
 
