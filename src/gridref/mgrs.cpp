@@ -292,9 +292,28 @@ void band_limits(BandLimits* limits, const double* sphere, const gx_mgrs_referen
   *upper = limits->upper[b][d];
 }
 
+// On an earth-sized spheroid a band spans less than half the 2000 km row
+// cycle (12 degrees and two cells at most: some 1540 km), so at most one
+// cycle puts a square in its band, and the likeliest can be tried first.
+constexpr double kSmallestEarth = 5.0e6;
+constexpr double kLargestEarth = 7.5e6;
+
+// The cycle that puts the square nearest to the middle of its band, by the
+// meridian of a sphere of radius a: off by far less than the half cycle
+// that would make it pick a neighbour.
+int32_t likeliest_cycle(const double* sphere, int32_t band, double northing) {
+  double lower;
+  double upper;
+  gx_mgrs_band_range(band, &lower, &upper);
+  double middle = (lower + upper) * 0.5 * kRadiansPerDegree * sphere[0] * GX_UTM_SCALE;
+  double cycle = std::floor((middle - northing) / GX_MGRS_ROW_CYCLE + 0.5);
+  return cycle < 0.0 ? 0 : (cycle >= kCandidates ? kCandidates - 1 : static_cast<int32_t>(cycle));
+}
+
 // The band letter does not say which 2000 km cycle of rows the square is
 // in: try the northings of the cycles in turn and keep the first whose
-// latitude lies in the band.
+// latitude lies in the band.  Where only one cycle can fit (an earth-sized
+// spheroid), the likeliest goes first, which finds the same one.
 bool utm_to_geog(Projector* p, BandLimits* limits, const gx_mgrs_reference* ref,
                  const gx_mgrs_lettering* lettering, double* lonlat) {
   double easting;
@@ -306,7 +325,11 @@ bool utm_to_geog(Projector* p, BandLimits* limits, const gx_mgrs_reference* ref,
   band_limits(limits, p->sphere, ref, &lower, &upper);
   bool band_x = ref->band == 21;
   double false_northing = gx_mgrs_south_p(ref->band) ? GX_UTM_FALSE_NORTHING_SOUTH : 0.0;
-  for (int32_t k = 0; k < kCandidates; ++k) {
+  bool one_fits = p->sphere[0] > kSmallestEarth && p->sphere[0] < kLargestEarth;
+  int32_t first = one_fits ? likeliest_cycle(p->sphere, ref->band, northing - false_northing) : 0;
+  for (int32_t i = -1; i < kCandidates; ++i) {
+    int32_t k = i < 0 ? first : i;
+    if (i == first) continue;
     double xy[2] = {easting - GX_UTM_FALSE_EASTING,
                     northing - false_northing + k * GX_MGRS_ROW_CYCLE};
     project(p, ref->zone, false, xy);

@@ -2,16 +2,6 @@
 #include "gridref/mgrs_grid.h"
 
 #include <cmath>
-#include <cstdlib>
-#include <cstring>
-
-const char GX_MGRS_BANDS[] = "CDEFGHJKLMNPQRSTUVWX";
-const char GX_MGRS_LETTERS[] = "ABCDEFGHJKLMNPQRSTUVWXYZ";
-const char GX_MGRS_UTM_COLUMNS[] = "*ABCDEFGH*JKLMNPQR*STUVWXYZ";
-const char GX_MGRS_UTM_ROWS[] = "ABCDEFGHJKLMNPQRSTUVABCDEFGHJKLMNPQ";
-const char GX_MGRS_NORTH_COLUMNS[] = "RSTUXYZABCFGHJ";
-const char GX_MGRS_NORTH_ROWS[] = "ABCDEFGHJKLMNP";
-const char GX_MGRS_SOUTH_COLUMNS[] = "JKLPQRSTUXYZABCFGHJKLPQR";
 
 namespace {
 
@@ -31,6 +21,12 @@ constexpr int32_t kMaxZoneDigits = 8;
 constexpr int32_t kMaxDigits = 16;         // both axes together
 // Longest text past the skipped blanks and zeros that can still be a reference.
 constexpr int32_t kMaxReference = kMaxZoneDigits + 3 + kMaxDigits;
+static_assert(sizeof GX_MGRS_BANDS == kBandCount + 1 && sizeof GX_MGRS_LETTERS == kLetterCount + 1 &&
+              sizeof GX_MGRS_UTM_COLUMNS == kUtmColumnCount + 1 &&
+              sizeof GX_MGRS_UTM_ROWS == kUtmRowCount + 1 &&
+              sizeof GX_MGRS_NORTH_COLUMNS == kNorthCapCount + 1 &&
+              sizeof GX_MGRS_NORTH_ROWS == kNorthCapCount + 1 &&
+              sizeof GX_MGRS_SOUTH_COLUMNS == 2 * kSouthCapHalf + 1);
 
 constexpr double kSquareInverse = 1e-5;
 constexpr double kRowCycleInverse = 5e-07;
@@ -90,13 +86,26 @@ char* put_square(char* out, char column, char row, double easting, double northi
   return out;
 }
 
-// Reads n digits (n at most 8) as an integer.
+// Reads n digits (n at most 8, all checked to be digits) as an integer.
 int32_t read_digits(const char* text, int32_t n) {
-  char group[kMaxZoneDigits + 1];
-  std::memcpy(group, text, static_cast<size_t>(n));
-  group[n] = '\0';
-  return std::atoi(group);
+  int32_t value = 0;
+  for (int32_t i = 0; i < n; ++i) value = value * 10 + (text[i] - '0');
+  return value;
 }
+
+// Index of each character in the 24 grid letters, -1 for any other: the
+// reader looks every character up in it.
+struct LetterTable {
+  int8_t index[256];
+  constexpr LetterTable() : index() {
+    for (int32_t c = 0; c < 256; ++c) index[c] = -1;
+    for (int32_t i = 0; i < kLetterCount; ++i)
+      index[static_cast<unsigned char>(GX_MGRS_LETTERS[i])] = static_cast<int8_t>(i);
+  }
+};
+constexpr LetterTable kLetterIndex;
+
+int32_t grid_letter(char c) { return kLetterIndex.index[static_cast<unsigned char>(c)]; }
 
 }  // namespace
 
@@ -219,7 +228,7 @@ int gx_mgrs_read(const char* text, gx_mgrs_reference* reference) {
   // the zone's digits.
   int32_t at = 0;
   int32_t band = -1;
-  for (; at < length && band < 0; ++at) band = letter_index(GX_MGRS_LETTERS, kLetterCount, text[at]);
+  for (; at < length && band < 0; ++at) band = grid_letter(text[at]);
   --at;
   if (band < 0 || at > kMaxZoneDigits || at + 3 > length) return 0;
   for (int32_t i = 0; i < at; ++i)
@@ -230,14 +239,14 @@ int gx_mgrs_read(const char* text, gx_mgrs_reference* reference) {
   char row = text[at + 2];
   bool letters_known;
   if (!cap) {
-    letters_known = letter_index(GX_MGRS_LETTERS, kLetterCount, column) >= 0 &&
+    letters_known = grid_letter(column) >= 0 &&
                     letter_index(GX_MGRS_UTM_ROWS, kUtmRowLetters, row) >= 0;
   } else if (band > kBandX) {
     letters_known = letter_index(GX_MGRS_NORTH_COLUMNS, kNorthCapCount, column) >= 0 &&
                     letter_index(GX_MGRS_NORTH_ROWS, kNorthCapCount, row) >= 0;
   } else {
     letters_known = letter_index(GX_MGRS_SOUTH_COLUMNS, kLetterCount, column) >= 0 &&
-                    letter_index(GX_MGRS_LETTERS, kLetterCount, row) >= 0;
+                    grid_letter(row) >= 0;
   }
   if (!letters_known) return 0;
 
@@ -277,7 +286,7 @@ int gx_mgrs_utm_grid(const gx_mgrs_reference* reference, int32_t row_shift, doub
                      double* northing) {
   int32_t zone = reference->zone;
   if (zone < 1 || zone > 60) return 0;
-  int32_t letter = letter_index(GX_MGRS_LETTERS, kLetterCount, reference->column);
+  int32_t letter = grid_letter(reference->column);
   int32_t row_base = ((zone - 1) % 6 % 2 ? kEvenZoneRowOffset : 0) + row_shift;
   int32_t row = letter_index(GX_MGRS_UTM_ROWS + row_base, kUtmRowLetters, reference->row);
   if (letter < 0 || row < 0) return 0;
@@ -303,7 +312,7 @@ int gx_mgrs_ups_grid(const gx_mgrs_reference* reference, double* easting, double
   bool west = reference->band == 0;  // A
   const char* half = GX_MGRS_SOUTH_COLUMNS + (west ? 0 : kSouthCapHalf);
   column = letter_index(half, kSouthCapHalf, reference->column);
-  row = letter_index(GX_MGRS_LETTERS, kLetterCount, reference->row);
+  row = grid_letter(reference->row);
   if (column < 0 || row < 0) return 0;
   *easting = column * GX_MGRS_SQUARE + reference->easting + (west ? kUpsSouthOrigin : GX_UPS_FALSE_ORIGIN);
   *northing = row * GX_MGRS_SQUARE + reference->northing + kUpsSouthOrigin;

@@ -26,13 +26,17 @@ constexpr double GX_UPS_FALSE_ORIGIN = 2000000.0;  // both easting and northing
 constexpr double GX_UPS_SCALE = 0.994;
 
 // The lettering tables, upper case; the strings are part of the design.
-extern const char GX_MGRS_BANDS[];         // "CDEFGHJKLMNPQRSTUVWX": bands C to X
-extern const char GX_MGRS_LETTERS[];       // the 24 grid letters A to Z without I and O
-extern const char GX_MGRS_UTM_COLUMNS[];   // three zone sets, '*' at each set's index 0
-extern const char GX_MGRS_UTM_ROWS[];      // 20 row letters and 15 repeated
-extern const char GX_MGRS_NORTH_COLUMNS[]; // Y then Z
-extern const char GX_MGRS_NORTH_ROWS[];
-extern const char GX_MGRS_SOUTH_COLUMNS[]; // A then B
+inline constexpr char GX_MGRS_BANDS[] = "CDEFGHJKLMNPQRSTUVWX";  // bands C to X
+// The 24 grid letters, A to Z without I and O; also the rows of the south cap.
+inline constexpr char GX_MGRS_LETTERS[] = "ABCDEFGHJKLMNPQRSTUVWXYZ";
+// UTM columns of the three zone sets, '*' at each set's index 0.
+inline constexpr char GX_MGRS_UTM_COLUMNS[] = "*ABCDEFGH*JKLMNPQR*STUVWXYZ";
+// UTM rows: the 20 row letters and 15 again, so that offsets 0, 5, 10 and
+// 15 need no wrap.
+inline constexpr char GX_MGRS_UTM_ROWS[] = "ABCDEFGHJKLMNPQRSTUVABCDEFGHJKLMNPQ";
+inline constexpr char GX_MGRS_NORTH_COLUMNS[] = "RSTUXYZABCFGHJ";  // 7 of Y, then 7 of Z
+inline constexpr char GX_MGRS_NORTH_ROWS[] = "ABCDEFGHJKLMNP";
+inline constexpr char GX_MGRS_SOUTH_COLUMNS[] = "JKLPQRSTUXYZABCFGHJKLPQR";  // 12 of A, 12 of B
 
 // The row sequence's shift under the old lettering.
 constexpr int32_t GX_MGRS_OLD_ROW_SHIFT = 10;
