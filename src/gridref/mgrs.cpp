@@ -6,6 +6,7 @@
 
 #include "frame/constants.h"
 #include "frame/text.h"
+#include "geodesy/ellipsoid.h"
 #include "gridref/mgrs_grid.h"
 #include "gx_geodesy.h"
 #include "gx_gridref.h"
@@ -18,8 +19,6 @@ namespace {
 constexpr int32_t kTransverseMercator = 43006;
 constexpr int32_t kStereographic = 43026;
 constexpr double kRadiansPerDegree = 0.017453292519943295;
-constexpr double kPi = 3.141592653589793;
-constexpr double kHalfPi = 1.5707963267948966;
 constexpr int32_t kCandidates = 6;  // northings tried for a UTM reference, 2000 km apart
 
 // ---- which lettering ----------------------------------------------------------
@@ -166,7 +165,7 @@ void fill_parms(double* parms, int32_t key) {
     parms[GX_PARM_FALSE_EASTING] = GX_UPS_FALSE_ORIGIN;
     parms[GX_PARM_FALSE_NORTHING] = GX_UPS_FALSE_ORIGIN;
     parms[GX_PARM_SCALE_FACTOR] = GX_UPS_SCALE;
-    parms[GX_PARM_LATITUDE_OF_ORIGIN] = key == kNorthCapKey ? kHalfPi : -kHalfPi;
+    parms[GX_PARM_LATITUDE_OF_ORIGIN] = key == kNorthCapKey ? GX_HALFPI : -GX_HALFPI;
   } else {
     parms[GX_PARM_FALSE_EASTING] = GX_UTM_FALSE_EASTING;
     parms[GX_PARM_CENTRAL_MERIDIAN] = gx_mgrs_central_meridian(key) * kRadiansPerDegree;
@@ -227,13 +226,13 @@ bool point_of(const double* coords, double factor, bool wrap, Point* point) {
     lon = gx_delta(lon);
     lon_deg = lon / kRadiansPerDegree;
   }
-  if (wrap && gx_eq(lon_deg * kRadiansPerDegree, kPi)) {
-    lon = -kPi;
+  if (wrap && gx_eq(lon_deg * kRadiansPerDegree, GX_PI)) {
+    lon = -GX_PI;
     lon_deg = -180.0;
   }
   point->lon = lon;
   point->lon_deg = lon_deg;
-  point->lat = std::fmax(-kHalfPi, std::fmin(kHalfPi, coords[1] * factor));
+  point->lat = std::fmax(-GX_HALFPI, std::fmin(GX_HALFPI, coords[1] * factor));
   point->lat_deg = lat_deg;
   return true;
 }
@@ -282,7 +281,7 @@ void band_limits(BandLimits* limits, const double* sphere, const gx_mgrs_referen
     gx_mgrs_band_range(b, &low, &high);
     double cell = gx_mgrs_cell(ref);
     double lon = gx_mgrs_central_meridian(ref->zone) * kRadiansPerDegree;
-    gx_geodesic_coordinate(sphere[0], sphere[1], lon, low * kRadiansPerDegree, cell, kPi,
+    gx_geodesic_coordinate(sphere[0], sphere[1], lon, low * kRadiansPerDegree, cell, GX_PI,
                            nullptr, &limits->lower[b][d]);
     gx_geodesic_coordinate(sphere[0], sphere[1], lon, high * kRadiansPerDegree, cell, 0.0,
                            nullptr, &limits->upper[b][d]);

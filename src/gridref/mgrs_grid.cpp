@@ -42,6 +42,22 @@ double power_of_ten(int32_t k) { return kPowersOfTen[k + 5]; }
 constexpr int32_t kDigitLimit[] = {1,      10,      100,      1000,     10000,
                                    100000, 1000000, 10000000, 100000000};
 
+// The lettering of a UPS cap: the letter west and east of the 0 and 180
+// meridians, the south-west corner of the lettered squares, and the tables.
+struct CapLettering {
+  char west;
+  char east;
+  double origin;
+  const char* columns;
+  int32_t column_count;
+  const char* rows;
+  int32_t row_count;
+};
+constexpr CapLettering kNorthCap = {'Y', 'Z', kUpsNorthOrigin, GX_MGRS_NORTH_COLUMNS,
+                                    kNorthCapCount, GX_MGRS_NORTH_ROWS, kNorthCapCount};
+constexpr CapLettering kSouthCap = {'A', 'B', kUpsSouthOrigin, GX_MGRS_SOUTH_COLUMNS,
+                                    kLetterCount, GX_MGRS_LETTERS, kLetterCount};
+
 // Index of the letter in a table (or its first `count` letters); -1 if absent.
 int32_t letter_index(const char* table, int32_t count, char letter) {
   for (int32_t i = 0; i < count; ++i)
@@ -187,32 +203,15 @@ int gx_mgrs_write_utm(char* text, int32_t zone, char band, double easting, doubl
 int gx_mgrs_write_ups(char* text, int north, double easting, double northing,
                       const gx_mgrs_digits* digits) {
   text[0] = '\0';
-  char cap;
-  int32_t column;
-  int32_t row;
-  char column_letter;
-  char row_letter;
-  if (north) {
-    cap = easting < GX_UPS_FALSE_ORIGIN ? 'Y' : 'Z';
-    easting -= kUpsNorthOrigin;
-    northing -= kUpsNorthOrigin;
-    column = table_index(easting * kSquareInverse, kNorthCapCount);
-    row = table_index(northing * kSquareInverse, kNorthCapCount);
-    if (column < 0 || row < 0) return 0;
-    column_letter = GX_MGRS_NORTH_COLUMNS[column];
-    row_letter = GX_MGRS_NORTH_ROWS[row];
-  } else {
-    cap = easting < GX_UPS_FALSE_ORIGIN ? 'A' : 'B';
-    easting -= kUpsSouthOrigin;
-    northing -= kUpsSouthOrigin;
-    column = table_index(easting * kSquareInverse, kLetterCount);
-    row = table_index(northing * kSquareInverse, kLetterCount);
-    if (column < 0 || row < 0) return 0;
-    column_letter = GX_MGRS_SOUTH_COLUMNS[column];
-    row_letter = GX_MGRS_LETTERS[row];
-  }
-  text[0] = cap;
-  put_square(text + 1, column_letter, row_letter, easting, northing, digits);
+  const CapLettering& cap = north ? kNorthCap : kSouthCap;
+  char letter = easting < GX_UPS_FALSE_ORIGIN ? cap.west : cap.east;
+  easting -= cap.origin;
+  northing -= cap.origin;
+  int32_t column = table_index(easting * kSquareInverse, cap.column_count);
+  int32_t row = table_index(northing * kSquareInverse, cap.row_count);
+  if (column < 0 || row < 0) return 0;
+  text[0] = letter;
+  put_square(text + 1, cap.columns[column], cap.rows[row], easting, northing, digits);
   return 1;
 }
 

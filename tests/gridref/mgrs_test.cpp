@@ -387,6 +387,24 @@ TEST_F(Mgrs, SchwarzeckIsOldTowardsTextOnly) {
   EXPECT_TRUE((std::isnan(read[0]) && std::isnan(as_new[0])) || read == as_new);
 }
 
+TEST_F(Mgrs, ASphereReadsBackToItsCorners) {
+  // The sphere branches of both projections, caps included.
+  Geogcs sphere{geogcs_text("D_Sphere", "SPHEROID[\"Sphere\",6371000.0,0.0]")};
+  ASSERT_NE(sphere.cs, nullptr);
+  for (double lat = -89.5; lat < 90.0; lat += 3.7) {
+    for (double lon : {-177.2, -3.3, 0.4, 95.0}) {
+      std::string text = to_mgrs(sphere.cs, lon, lat, 5);
+      std::array<double, 2> corner = to_geog(sphere.cs, text.c_str());
+      ASSERT_FALSE(std::isnan(corner[1])) << text;
+      EXPECT_LT(metres_apart(corner[0], corner[1], lon, lat), 1.5) << text;
+      Grid written = grid_of(text), again = grid_of(to_mgrs(sphere.cs, corner[0], corner[1], 8));
+      if (again.zone != written.zone) continue;
+      EXPECT_NEAR(again.easting, written.easting, 0.0015) << text;  // a millimetre digit
+      EXPECT_NEAR(std::remainder(again.northing - written.northing, 2e6), 0.0, 0.0015) << text;
+    }
+  }
+}
+
 // ---- units and arrays ------------------------------------------------------------
 
 TEST_F(Mgrs, CoordinatesAreInTheUnitOfTheSystem) {
