@@ -13,36 +13,42 @@
 
 #include <gtest/gtest.h>
 
-#include "projections/projection_case.h"
+#include "projections/ellipsoids.h"
+#include "projections/projection_cases.h"
 
 using namespace gx_test;
 
 namespace {
 
-// A body flattened enough (f = 1/100) that the kernel takes its closed forms.
+// International (1924) and Bessel (1841), and a body flattened enough
+// (f = 1/100) that the kernel takes its closed forms.
+constexpr double kIntlA = 6378388.0;
+constexpr double kIntlE2 = (2.0 - 1.0 / 297.0) / 297.0;
+constexpr double kBesselA = 6377397.155;
+constexpr double kBesselE2 = (2.0 - 1.0 / 299.1528128) / 299.1528128;
 constexpr double kFlatF = 0.01;
 constexpr double kFlatE2 = (2.0 - kFlatF) * kFlatF;
 
-const projection_fns kStereographic = {"Stereographic", gx_stereographic_forward,
-                                       gx_stereographic_inverse, gx_stereographic_constants};
-const projection_fns kNorthPole = {"Stereographic_North_Pole", gx_stereographic_north_pole_forward,
-                                   gx_stereographic_north_pole_inverse,
-                                   gx_stereographic_north_pole_constants};
-const projection_fns kSouthPole = {"Stereographic_South_Pole", gx_stereographic_south_pole_forward,
-                                   gx_stereographic_south_pole_inverse,
-                                   gx_stereographic_south_pole_constants};
-const projection_fns kDoubleStereographic = {
-    "Double_Stereographic", gx_double_stereographic_forward, gx_double_stereographic_inverse,
-    gx_double_stereographic_constants};
+const Projection kStereographic = {"Stereographic", gx_stereographic_forward,
+                                   gx_stereographic_inverse, gx_stereographic_constants};
+const Projection kNorthPole = {"Stereographic_North_Pole", gx_stereographic_north_pole_forward,
+                               gx_stereographic_north_pole_inverse,
+                               gx_stereographic_north_pole_constants};
+const Projection kSouthPole = {"Stereographic_South_Pole", gx_stereographic_south_pole_forward,
+                               gx_stereographic_south_pole_inverse,
+                               gx_stereographic_south_pole_constants};
+const Projection kDoubleStereographic = {"Double_Stereographic", gx_double_stereographic_forward,
+                                         gx_double_stereographic_inverse,
+                                         gx_double_stereographic_constants};
 
-const projection_fns kLambertAzimuthal = {
+const Projection kLambertAzimuthal = {
     "Lambert_Azimuthal_Equal_Area", gx_lambert_azimuthal_equal_area_forward,
     gx_lambert_azimuthal_equal_area_inverse, gx_lambert_azimuthal_equal_area_constants};
-const projection_fns kGnomonic = {"Gnomonic", gx_gnomonic_forward, gx_gnomonic_inverse,
+const Projection kGnomonic = {"Gnomonic", gx_gnomonic_forward, gx_gnomonic_inverse,
+                              gx_gnomonic_constants};
+const Projection kOrthographic = {"Orthographic", gx_orthographic_forward, gx_orthographic_inverse,
                                   gx_gnomonic_constants};
-const projection_fns kOrthographic = {"Orthographic", gx_orthographic_forward,
-                                      gx_orthographic_inverse, gx_gnomonic_constants};
-const projection_fns kPerspective = {
+const Projection kPerspective = {
     "Vertical_Near_Side_Perspective", gx_vertical_near_side_perspective_forward,
     gx_vertical_near_side_perspective_inverse, gx_vertical_near_side_perspective_constants};
 
@@ -50,9 +56,9 @@ constexpr double kMicrometre = 1e-6;
 constexpr double kInverseDeg = 1e-9;
 constexpr double kRoundTripDeg = 1e-11;
 
-std::vector<projection_case> stereographic_cases() {
+std::vector<ProjectionCase> stereographic_cases() {
   return {
-      {"stere sphere oblique",
+      {"stere_sphere_oblique",
        kStereographic,
        kSphereR,
        0.0,
@@ -67,7 +73,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-170, -30, -40, 85},
        kRoundTripDeg},
-      {"stere sphere equatorial",
+      {"stere_sphere_equatorial",
        kStereographic,
        kSphereR,
        0.0,
@@ -81,7 +87,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-70, 90, -80, 80},
        kRoundTripDeg},
-      {"stere sphere north",
+      {"stere_sphere_north",
        kStereographic,
        kSphereR,
        0.0,
@@ -97,7 +103,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-180, 180, -30, 89},
        kRoundTripDeg},
-      {"stere sphere south",
+      {"stere_sphere_south",
        kStereographic,
        kSphereR,
        0.0,
@@ -110,7 +116,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-180, 180, -89, 30},
        kRoundTripDeg},
-      {"stere wgs84 oblique",
+      {"stere_wgs84_oblique",
        kStereographic,
        kWgs84A,
        kWgs84E2,
@@ -127,7 +133,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-60, 70, -20, 89},
        kRoundTripDeg},
-      {"stere wgs84 equatorial",
+      {"stere_wgs84_equatorial",
        kStereographic,
        kWgs84A,
        kWgs84E2,
@@ -141,7 +147,7 @@ std::vector<projection_case> stereographic_cases() {
        {-80, 80, -80, 80},
        kRoundTripDeg},
       // Universal Polar Stereographic, north and south.
-      {"stere wgs84 north",
+      {"stere_wgs84_north",
        kStereographic,
        kWgs84A,
        kWgs84E2,
@@ -155,7 +161,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-180, 180, -30, 89.9},
        kRoundTripDeg},
-      {"stere wgs84 south",
+      {"stere_wgs84_south",
        kStereographic,
        kWgs84A,
        kWgs84E2,
@@ -167,7 +173,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-180, 180, -89.9, 30},
        kRoundTripDeg},
-      {"stere flattened oblique",
+      {"stere_flattened_oblique",
        kStereographic,
        kWgs84A,
        kFlatE2,
@@ -180,7 +186,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {80, 200, -85, 30},
        kRoundTripDeg},
-      {"stere flattened south",
+      {"stere_flattened_south",
        kStereographic,
        kWgs84A,
        kFlatE2,
@@ -194,7 +200,7 @@ std::vector<projection_case> stereographic_cases() {
        kRoundTripDeg},
 
       // Polar forms with a parallel of true scale.
-      {"stere north ts wgs84",
+      {"stere_north_ts_wgs84",
        kNorthPole,
        kWgs84A,
        kWgs84E2,
@@ -208,7 +214,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-180, 180, -30, 89.9},
        kRoundTripDeg},
-      {"stere north ts sphere",
+      {"stere_north_ts_sphere",
        kNorthPole,
        kSphereR,
        0.0,
@@ -222,7 +228,7 @@ std::vector<projection_case> stereographic_cases() {
        kRoundTripDeg},
       // Snyder, "Map Projections: A Working Manual", p. 315: International
       // ellipsoid, true scale at 71 S, 75 S 150 E gives (-1540033.6, -560526.4).
-      {"stere south ts intl",
+      {"stere_south_ts_intl",
        kSouthPole,
        kIntlA,
        kIntlE2,
@@ -234,7 +240,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-180, 180, -89.9, 30},
        kRoundTripDeg},
-      {"stere south ts wgs84",
+      {"stere_south_ts_wgs84",
        kSouthPole,
        kWgs84A,
        kWgs84E2,
@@ -246,7 +252,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-180, 180, -89.9, 30},
        kRoundTripDeg},
-      {"stere south ts sphere",
+      {"stere_south_ts_sphere",
        kSouthPole,
        kSphereR,
        0.0,
@@ -260,7 +266,7 @@ std::vector<projection_case> stereographic_cases() {
       // Double stereographic.  The first is the worked example of EPSG
       // Guidance Note 7-2 (Amersfoort / RD New, without its false origin of
       // 155000, 463000): 53 N 6 E gives (196105.283, 557057.739).
-      {"sterea rd bessel",
+      {"sterea_rd_bessel",
        kDoubleStereographic,
        kBesselA,
        kBesselE2,
@@ -275,7 +281,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-20, 30, 30, 80},
        kRoundTripDeg},
-      {"sterea wgs84 south",
+      {"sterea_wgs84_south",
        kDoubleStereographic,
        kWgs84A,
        kWgs84E2,
@@ -290,7 +296,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-20, 80, -80, 20},
        kRoundTripDeg},
-      {"sterea wgs84 pole",
+      {"sterea_wgs84_pole",
        kDoubleStereographic,
        kWgs84A,
        kWgs84E2,
@@ -302,7 +308,7 @@ std::vector<projection_case> stereographic_cases() {
        kInverseDeg,
        {-180, 180, 0, 89.9},
        kRoundTripDeg},
-      {"sterea sphere",
+      {"sterea_sphere",
        kDoubleStereographic,
        kSphereR,
        0.0,
@@ -315,9 +321,9 @@ std::vector<projection_case> stereographic_cases() {
   };
 }
 
-std::vector<projection_case> lambert_azimuthal_cases() {
+std::vector<ProjectionCase> lambert_azimuthal_cases() {
   return {
-      {"laea sphere oblique",
+      {"laea_sphere_oblique",
        kLambertAzimuthal,
        kSphereR,
        0.0,
@@ -332,7 +338,7 @@ std::vector<projection_case> lambert_azimuthal_cases() {
        kInverseDeg,
        {-170, -30, -40, 85},
        kRoundTripDeg},
-      {"laea sphere equatorial",
+      {"laea_sphere_equatorial",
        kLambertAzimuthal,
        kSphereR,
        0.0,
@@ -347,7 +353,7 @@ std::vector<projection_case> lambert_azimuthal_cases() {
        kInverseDeg,
        {-70, 90, -80, 80},
        kRoundTripDeg},
-      {"laea sphere north",
+      {"laea_sphere_north",
        kLambertAzimuthal,
        kSphereR,
        0.0,
@@ -361,7 +367,7 @@ std::vector<projection_case> lambert_azimuthal_cases() {
        kInverseDeg,
        {-180, 180, -80, 89.9},
        kRoundTripDeg},
-      {"laea sphere south",
+      {"laea_sphere_south",
        kLambertAzimuthal,
        kSphereR,
        0.0,
@@ -373,7 +379,7 @@ std::vector<projection_case> lambert_azimuthal_cases() {
        kInverseDeg,
        {-180, 180, -89.9, 80},
        kRoundTripDeg},
-      {"laea wgs84 oblique",
+      {"laea_wgs84_oblique",
        kLambertAzimuthal,
        kWgs84A,
        kWgs84E2,
@@ -388,7 +394,7 @@ std::vector<projection_case> lambert_azimuthal_cases() {
        kInverseDeg,
        {-60, 80, -30, 89.9},
        kRoundTripDeg},
-      {"laea wgs84 equatorial",
+      {"laea_wgs84_equatorial",
        kLambertAzimuthal,
        kWgs84A,
        kWgs84E2,
@@ -402,7 +408,7 @@ std::vector<projection_case> lambert_azimuthal_cases() {
        kInverseDeg,
        {-60, 100, -85, 85},
        kRoundTripDeg},
-      {"laea wgs84 north",
+      {"laea_wgs84_north",
        kLambertAzimuthal,
        kWgs84A,
        kWgs84E2,
@@ -416,7 +422,7 @@ std::vector<projection_case> lambert_azimuthal_cases() {
        kInverseDeg,
        {-180, 180, -80, 89.9},
        kRoundTripDeg},
-      {"laea wgs84 south",
+      {"laea_wgs84_south",
        kLambertAzimuthal,
        kWgs84A,
        kWgs84E2,
@@ -428,7 +434,7 @@ std::vector<projection_case> lambert_azimuthal_cases() {
        kInverseDeg,
        {-180, 180, -89.9, 80},
        kRoundTripDeg},
-      {"laea flattened oblique",
+      {"laea_flattened_oblique",
        kLambertAzimuthal,
        kWgs84A,
        kFlatE2,
@@ -444,9 +450,9 @@ std::vector<projection_case> lambert_azimuthal_cases() {
   };
 }
 
-std::vector<projection_case> perspective_cases() {
+std::vector<ProjectionCase> perspective_cases() {
   return {
-      {"gnom sphere oblique",
+      {"gnom_sphere_oblique",
        kGnomonic,
        kSphereR,
        0.0,
@@ -460,7 +466,7 @@ std::vector<projection_case> perspective_cases() {
        kInverseDeg,
        {-140, -60, 0, 80},
        kRoundTripDeg},
-      {"gnom sphere equatorial",
+      {"gnom_sphere_equatorial",
        kGnomonic,
        kSphereR,
        0.0,
@@ -473,7 +479,7 @@ std::vector<projection_case> perspective_cases() {
        kInverseDeg,
        {-70, 90, -80, 80},
        kRoundTripDeg},
-      {"gnom sphere north",
+      {"gnom_sphere_north",
        kGnomonic,
        kSphereR,
        0.0,
@@ -486,7 +492,7 @@ std::vector<projection_case> perspective_cases() {
        kInverseDeg,
        {-180, 180, 10, 89.9},
        kRoundTripDeg},
-      {"ortho sphere oblique",
+      {"ortho_sphere_oblique",
        kOrthographic,
        kSphereR,
        0.0,
@@ -500,7 +506,7 @@ std::vector<projection_case> perspective_cases() {
        kInverseDeg,
        {-160, -40, -20, 80},
        kRoundTripDeg},
-      {"ortho sphere south",
+      {"ortho_sphere_south",
        kOrthographic,
        kSphereR,
        0.0,
@@ -514,7 +520,7 @@ std::vector<projection_case> perspective_cases() {
        {-180, 180, -89.9, -10},
        kRoundTripDeg},
       // A geostationary view.
-      {"nsper sphere oblique",
+      {"nsper_sphere_oblique",
        kPerspective,
        kSphereR,
        0.0,
@@ -530,7 +536,7 @@ std::vector<projection_case> perspective_cases() {
        kInverseDeg,
        {-150, -50, -20, 80},
        kRoundTripDeg},
-      {"nsper sphere north",
+      {"nsper_sphere_north",
        kPerspective,
        kSphereR,
        0.0,
@@ -545,25 +551,15 @@ std::vector<projection_case> perspective_cases() {
   };
 }
 
-std::vector<projection_case> all_cases() {
-  std::vector<projection_case> cases;
+std::vector<ProjectionCase> all_cases() {
+  std::vector<ProjectionCase> cases;
   for (auto part : {stereographic_cases, lambert_azimuthal_cases, perspective_cases}) {
-    for (projection_case& c : part()) cases.push_back(c);
+    for (ProjectionCase& c : part()) cases.push_back(c);
   }
   return cases;
 }
 
-class Azimuthal : public ::testing::TestWithParam<projection_case> {};
-
-TEST_P(Azimuthal, ForwardMatchesReference) { check_forward(GetParam()); }
-TEST_P(Azimuthal, InverseMatchesReference) { check_inverse(GetParam()); }
-TEST_P(Azimuthal, RoundTrip) { check_round_trip(GetParam()); }
-TEST_P(Azimuthal, ConstantsRouteGivesSetUpBits) { check_routes(GetParam()); }
-TEST_P(Azimuthal, EmptyRunTouchesNothing) { check_empty_run(GetParam()); }
-
-INSTANTIATE_TEST_SUITE_P(Cases, Azimuthal, ::testing::ValuesIn(all_cases()),
-                         [](const ::testing::TestParamInfo<projection_case>& info) {
-                           return case_name(info.param);
-                         });
+INSTANTIATE_TEST_SUITE_P(Azimuthal, ProjectionCaseTest, ::testing::ValuesIn(all_cases()),
+                         case_name);
 
 }  // namespace
