@@ -52,6 +52,10 @@ const Projection kPerspective = {
     "Vertical_Near_Side_Perspective", gx_vertical_near_side_perspective_forward,
     gx_vertical_near_side_perspective_inverse, gx_vertical_near_side_perspective_constants};
 
+const Projection kAzimuthalEquidistant = {"Azimuthal_Equidistant", gx_azimuthal_equidistant_forward,
+                                          gx_azimuthal_equidistant_inverse,
+                                          gx_azimuthal_equidistant_constants};
+
 constexpr double kMicrometre = 1e-6;
 constexpr double kInverseDeg = 1e-9;
 constexpr double kRoundTripDeg = 1e-11;
@@ -551,9 +555,150 @@ std::vector<ProjectionCase> perspective_cases() {
   };
 }
 
+// On the ellipsoid, off a polar centre, the forward and inverse solve
+// geodesics by Vincenty's series; PROJ solves them exactly, and the two
+// agree to about 0.1 mm.
+constexpr double kVincentyM = 1e-4;
+constexpr double kVincentyDeg = 1e-9;
+
+std::vector<ProjectionCase> equidistant_cases() {
+  return {
+      {"aeqd_sphere_oblique",
+       kAzimuthalEquidistant,
+       kSphereR,
+       0.0,
+       {{GX_PARM_CENTRAL_MERIDIAN, -100}, {GX_PARM_LATITUDE_OF_ORIGIN, 40}},
+       {{-100, 40, 0.000000, 0.000000},
+        {-90, 30, 966247.908740, -1061388.455359},
+        {-120, 60, -1120843.838423, 2368725.012433},
+        {-60, -10, 4949660.436333, -4831773.165260},
+        {100, 0, -7453598.786150, 13163386.717519},
+        {80, -30, 0.000000, 18903137.529575}},
+       kMicrometre,
+       kInverseDeg,
+       {-170, -30, -40, 85},
+       kRoundTripDeg},
+      {"aeqd_sphere_equatorial",
+       kAzimuthalEquidistant,
+       kSphereR,
+       0.0,
+       {{GX_PARM_CENTRAL_MERIDIAN, 10}},
+       {{10, 0, 0.000000, 0.000000},
+        {40, 30, 3014378.942755, 3480704.988079},
+        {-60, -50, -5322002.851950, -6749564.568575},
+        {100, 10, 9855506.326967, 1737791.673987},
+        {10, 90, 0.000000, 10007543.398010}},
+       kMicrometre,
+       kInverseDeg,
+       {-70, 90, -80, 80},
+       kRoundTripDeg},
+      {"aeqd_sphere_north",
+       kAzimuthalEquidistant,
+       kSphereR,
+       0.0,
+       {{GX_PARM_CENTRAL_MERIDIAN, -45}, {GX_PARM_LATITUDE_OF_ORIGIN, 90}},
+       {{0, 60, 2358800.599917, -2358800.599917},
+        {-45, 80, 0.000000, -1111949.266446},
+        {135, 10, 0.000000, 8895594.131565},
+        {-170, -30, -10930266.177055, 7653454.771812},
+        {20, 90, 0.000000, 0.000000}},
+       kMicrometre,
+       kInverseDeg,
+       {-180, 180, -80, 89.9},
+       kRoundTripDeg},
+      {"aeqd_sphere_south",
+       kAzimuthalEquidistant,
+       kSphereR,
+       0.0,
+       {{GX_PARM_LATITUDE_OF_ORIGIN, -90}},
+       {{30, -60, 1667923.899668, 2888928.937384},
+        {-150, -80, -555974.633223, -962976.312461},
+        {90, 20, 12231441.930901, 0.000000}},
+       kMicrometre,
+       kInverseDeg,
+       {-180, 180, -89.9, 80},
+       kRoundTripDeg},
+      {"aeqd_wgs84_oblique",
+       kAzimuthalEquidistant,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_CENTRAL_MERIDIAN, -100}, {GX_PARM_LATITUDE_OF_ORIGIN, 40}},
+       {{-100, 40, 0.000000, 0.000000},
+        {-90, 30, 968118.598073, -1058755.515597},
+        {-120, 60, -1124860.995807, 2369900.975503},
+        {-60, -10, 4951925.485809, -4806625.035752},
+        {100, 0, -7416401.775225, 13194607.723608},
+        {-100, -80, 0.000000, -13314668.902287},
+        {-100, 90, 0.000000, 5572436.698962}},
+       kVincentyM,
+       kVincentyDeg,
+       {-170, -30, -40, 85},
+       kRoundTripDeg},
+      // Points on the equator itself are left out: between two points of the
+      // equator the geodesic series are 0 / 0.
+      {"aeqd_wgs84_equatorial",
+       kAzimuthalEquidistant,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_CENTRAL_MERIDIAN, 20}},
+       {{20, 0, 0.000000, 0.000000},
+        {40, 10, 2203513.899277, 1128600.189805},
+        {-30, -45, -4267103.292572, -5541191.420194},
+        {20, 80, 0.000000, 8885139.871937},
+        {100, 30, 7816104.335259, 4563604.443417}},
+       kVincentyM,
+       kVincentyDeg,
+       {-40, 80, -75, 85},
+       kRoundTripDeg},
+      // Polar centres on the ellipsoid measure along the meridian: these
+      // references are the meridian arc by quadrature (mpmath), since PROJ's
+      // own meridian series is off by micrometres on WGS 84 and by
+      // decimetres at f = 1/100.
+      {"aeqd_wgs84_north",
+       kAzimuthalEquidistant,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_LATITUDE_OF_ORIGIN, 90}},
+       {{0, 85, 0.000000, -558455.588646},
+        {45, 70, 1578958.836879, -1578958.836879},
+        {-135, 89, -78979.489298, 78979.489298},
+        {170, 0, 1736823.121982, 9850013.395590},
+        {30, -60, 8328019.274402, -14424552.509676}},
+       kMicrometre,
+       kInverseDeg,
+       {-180, 180, -80, 89.9},
+       kRoundTripDeg},
+      {"aeqd_wgs84_south",
+       kAzimuthalEquidistant,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_LATITUDE_OF_ORIGIN, -90}},
+       {{0, -85, 0.000000, 558455.588646},
+        {-120, -70, -1933821.737605, -1116492.500771},
+        {60, -50, 3863442.112784, 2230559.343814}},
+       kMicrometre,
+       kInverseDeg,
+       {-180, 180, -89.9, 80},
+       kRoundTripDeg},
+      {"aeqd_flattened_north",
+       kAzimuthalEquidistant,
+       kWgs84A,
+       kFlatE2,
+       {{GX_PARM_LATITUDE_OF_ORIGIN, 90}},
+       {{0, 85, 0.000000, -562176.255270},
+        {45, 70, 1588281.066524, -1588281.066524},
+        {-135, 0, -7048951.868190, 7048951.868190}},
+       kMicrometre,
+       kInverseDeg,
+       {-180, 180, -80, 89.9},
+       kRoundTripDeg},
+  };
+}
+
 std::vector<ProjectionCase> all_cases() {
   std::vector<ProjectionCase> cases;
-  for (auto part : {stereographic_cases, lambert_azimuthal_cases, perspective_cases}) {
+  for (auto part :
+       {stereographic_cases, lambert_azimuthal_cases, perspective_cases, equidistant_cases}) {
     for (ProjectionCase& c : part()) cases.push_back(c);
   }
   return cases;
