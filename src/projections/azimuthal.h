@@ -30,6 +30,21 @@ inline bool gx_azimuthal_polar(gx_aspect aspect) {
   return aspect == GX_ASPECT_NORTH || aspect == GX_ASPECT_SOUTH;
 }
 
+// What a run of a projection centred at (Central_Meridian,
+// Latitude_Of_Origin) reads first: the centre, its aspect, and whether the
+// body is a sphere.
+struct gx_azimuthal_frame {
+  double lam0;
+  double phi0;
+  gx_aspect aspect;
+  bool sphere;
+};
+
+inline gx_azimuthal_frame gx_azimuthal_frame_of(const double* sphere, const double* parms) {
+  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
+  return {parms[GX_PARM_CENTRAL_MERIDIAN], phi0, gx_azimuthal_aspect(phi0), gx_is_sphere(sphere)};
+}
+
 // A point of a polar aspect at distance r from the pole and longitude dlam
 // from the central meridian: the meridian below the north pole points down.
 inline void gx_polar_point(bool north, double dlam, double r, double* xy) {

@@ -244,16 +244,13 @@ int32_t gx_azimuthal_equidistant_forward(const double* sphere, double* parms, in
   double local[kEllipsoidCount];
   const double* k =
       gx_layout(doubles, local, gx_azimuthal_equidistant_setup, sphere, parms, GX_SERIES_FORWARD);
-  double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
-  gx_aspect aspect = gx_azimuthal_aspect(phi0);
-  bool on_sphere = gx_is_sphere(sphere);
+  gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
   for (double* p = coords; p < coords + 2 * n; p += 2) {
-    double dlam = gx_delta_fast(p[0] - lam0);
-    if (on_sphere) {
-      sphere_forward(aspect, sphere[0], k, dlam, p);
+    double dlam = gx_delta_fast(p[0] - f.lam0);
+    if (f.sphere) {
+      sphere_forward(f.aspect, sphere[0], k, dlam, p);
     } else {
-      ellipsoid_forward(aspect, sphere, phi0, k, dlam, p);
+      ellipsoid_forward(f.aspect, sphere, f.phi0, k, dlam, p);
     }
   }
   return n;
@@ -266,22 +263,19 @@ int32_t gx_azimuthal_equidistant_inverse(const double* sphere, double* parms, in
   double local[kEllipsoidCount];
   const double* k =
       gx_layout(doubles, local, gx_azimuthal_equidistant_setup, sphere, parms, GX_SERIES_INVERSE);
-  double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
-  gx_aspect aspect = gx_azimuthal_aspect(phi0);
-  bool on_sphere = gx_is_sphere(sphere);
+  gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     double rho = gx_hypot(p[0], p[1]);
     if (gx_eq(rho, 0.0)) {
-      gx_azimuthal_centre(p, lam0, phi0);
+      gx_azimuthal_centre(p, f.lam0, f.phi0);
       continue;
     }
-    if (on_sphere) {
-      sphere_inverse(aspect, sphere[0], k, rho, p);
+    if (f.sphere) {
+      sphere_inverse(f.aspect, sphere[0], k, rho, p);
     } else {
-      ellipsoid_inverse(aspect, sphere, phi0, k, rho, p);
+      ellipsoid_inverse(f.aspect, sphere, f.phi0, k, rho, p);
     }
-    p[0] = gx_delta_fast(p[0] + lam0);
+    p[0] = gx_delta_fast(p[0] + f.lam0);
   }
   return n;
 }

@@ -159,16 +159,13 @@ int32_t gx_lambert_azimuthal_equal_area_forward(const double* sphere, double* pa
   double local[kEllipsoidCount];
   const double* k = gx_layout(doubles, local, gx_lambert_azimuthal_equal_area_setup, sphere, parms,
                               GX_SERIES_FORWARD);
-  gx_aspect aspect = gx_azimuthal_aspect(parms[GX_PARM_LATITUDE_OF_ORIGIN]);
-  double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  bool on_sphere = gx_is_sphere(sphere);
-  for (int32_t i = 0; i < n; ++i) {
-    double* p = coords + 2 * i;
-    double dlam = gx_delta_fast(p[0] - lam0);
-    if (on_sphere) {
-      sphere_forward(aspect, sphere[0], k, dlam, p);
+  gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
+  for (double* p = coords; p < coords + 2 * n; p += 2) {
+    double dlam = gx_delta_fast(p[0] - f.lam0);
+    if (f.sphere) {
+      sphere_forward(f.aspect, sphere[0], k, dlam, p);
     } else {
-      ellipsoid_forward(aspect, sphere[1], k, dlam, p);
+      ellipsoid_forward(f.aspect, sphere[1], k, dlam, p);
     }
   }
   return n;
@@ -182,28 +179,20 @@ int32_t gx_lambert_azimuthal_equal_area_inverse(const double* sphere, double* pa
   // Both halves: the centre's authalic latitude is a forward one.
   const double* k = gx_layout(doubles, local, gx_lambert_azimuthal_equal_area_setup, sphere, parms,
                               GX_SERIES_BOTH);
-  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
-  gx_aspect aspect = gx_azimuthal_aspect(phi0);
-  double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  bool on_sphere = gx_is_sphere(sphere);
-  bool polar = gx_azimuthal_polar(aspect);
-  for (int32_t i = 0; i < n; ++i) {
-    double* p = coords + 2 * i;
-    if (on_sphere) {
-      double rho = gx_hypot(p[0], p[1]);
-      if (gx_eq(rho, 0.0)) {
-        gx_azimuthal_centre(p, lam0, phi0);
-        continue;
-      }
-      sphere_inverse(aspect, sphere[0], k, rho, p);
+  gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
+  bool polar = gx_azimuthal_polar(f.aspect);
+  for (double* p = coords; p < coords + 2 * n; p += 2) {
+    // On the ellipsoid off the poles rho is measured in the plane stretched by D.
+    double rho = f.sphere || polar ? gx_hypot(p[0], p[1]) : gx_hypot(p[0] / k[kD], p[1] * k[kD]);
+    if (gx_eq(rho, 0.0)) {
+      gx_azimuthal_centre(p, f.lam0, f.phi0);
+      continue;
+    }
+    if (f.sphere) {
+      sphere_inverse(f.aspect, sphere[0], k, rho, p);
     } else {
-      double rho = polar ? gx_hypot(p[0], p[1]) : gx_hypot(p[0] / k[kD], p[1] * k[kD]);
-      if (gx_eq(rho, 0.0)) {
-        gx_azimuthal_centre(p, lam0, phi0);
-        continue;
-      }
       if (polar) {
-        bool north = aspect == GX_ASPECT_NORTH;
+        bool north = f.aspect == GX_ASPECT_NORTH;
         double beta = polar_latitude(north, rho, k[kRq]);
         p[0] = gx_polar_dlam(north, p[0], p[1]);
         p[1] = beta;
@@ -212,7 +201,7 @@ int32_t gx_lambert_azimuthal_equal_area_inverse(const double* sphere, double* pa
       }
       p[1] = gx_beta_to_phi_c(sphere[1], p[1], k + kBetaTable);
     }
-    p[0] = gx_delta_fast(p[0] + lam0);
+    p[0] = gx_delta_fast(p[0] + f.lam0);
   }
   return n;
 }

@@ -423,16 +423,14 @@ int32_t gx_stereographic_forward(const double* sphere, double* parms, int32_t n,
   double local[kEllipsoidCount];
   const double* k =
       gx_layout(doubles, local, gx_stereographic_setup, sphere, parms, GX_SERIES_FORWARD);
-  gx_aspect aspect = gx_azimuthal_aspect(parms[GX_PARM_LATITUDE_OF_ORIGIN]);
-  if (gx_azimuthal_polar(aspect)) {
-    polar_forward(stereographic_polar(aspect, sphere, parms, k), n, coords);
-    return n;
-  }
-  double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  if (gx_is_sphere(sphere)) {
-    for (int32_t i = 0; i < n; ++i) sphere_forward(aspect, k, lam0, coords + 2 * i);
+  gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
+  if (gx_azimuthal_polar(f.aspect)) {
+    polar_forward(stereographic_polar(f.aspect, sphere, parms, k), n, coords);
+  } else if (f.sphere) {
+    for (double* p = coords; p < coords + 2 * n; p += 2) sphere_forward(f.aspect, k, f.lam0, p);
   } else {
-    for (int32_t i = 0; i < n; ++i) ellipsoid_forward(aspect, sphere[1], k, lam0, coords + 2 * i);
+    for (double* p = coords; p < coords + 2 * n; p += 2)
+      ellipsoid_forward(f.aspect, sphere[1], k, f.lam0, p);
   }
   return n;
 }
@@ -443,29 +441,25 @@ int32_t gx_stereographic_inverse(const double* sphere, double* parms, int32_t n,
   double local[kEllipsoidCount];
   const double* k =
       gx_layout(doubles, local, gx_stereographic_setup, sphere, parms, GX_SERIES_INVERSE);
-  double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
-  gx_aspect aspect = gx_azimuthal_aspect(phi0);
-  bool on_sphere = gx_is_sphere(sphere);
-  polar_rows polar = stereographic_polar(aspect, sphere, parms, k);
-  for (int32_t i = 0; i < n; ++i) {
-    double* p = coords + 2 * i;
+  gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
+  polar_rows polar = stereographic_polar(f.aspect, sphere, parms, k);
+  for (double* p = coords; p < coords + 2 * n; p += 2) {
     double rho = gx_hypot(p[0], p[1]);
     if (gx_eq(rho, 0.0)) {
-      gx_azimuthal_centre(p, lam0, phi0);
+      gx_azimuthal_centre(p, f.lam0, f.phi0);
       continue;
     }
-    if (gx_azimuthal_polar(aspect)) {
+    if (gx_azimuthal_polar(f.aspect)) {
       double phi = polar_latitude(polar, rho, false);
       p[0] = gx_polar_dlam(polar.north, p[0], p[1]);
       p[1] = phi;
-    } else if (on_sphere) {
-      sphere_inverse(aspect, k, rho, p);
+    } else if (f.sphere) {
+      sphere_inverse(f.aspect, k, rho, p);
     } else {
-      ellipsoid_inverse(aspect, k, rho, p);
+      ellipsoid_inverse(f.aspect, k, rho, p);
       p[1] = gx_chi_to_phi_c(sphere[1], p[1], k + kChiTable);
     }
-    p[0] = gx_delta_fast(p[0] + lam0);
+    p[0] = gx_delta_fast(p[0] + f.lam0);
   }
   return n;
 }
