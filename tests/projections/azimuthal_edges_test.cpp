@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 #include <vector>
 
 #include "projections/azimuthal.h"
@@ -605,6 +606,105 @@ TEST(TwoPointEquidistant, EmptyRunTouchesNothing) {
   for (gx_projection_fn fn : {gx_two_point_equidistant_forward, gx_two_point_equidistant_inverse}) {
     call c = run_fn(fn, kSphereR, 0.0, kTwoPoints, {});
     EXPECT_EQ(c.result, 0);
+  }
+}
+
+// ---- the auxiliary sphere twins -------------------------------------------------------
+
+struct twin_row {
+  const char* name;
+  gx_projection_fn twin_forward, twin_inverse;
+  gx_constants_fn twin_loader;
+  gx_projection_fn base_forward, base_inverse;
+  int latitude_slot;
+  int leading;
+};
+
+const twin_row kTwins[] = {
+    {"Stereographic", gx_stereographic_auxiliary_sphere_forward,
+     gx_stereographic_auxiliary_sphere_inverse, gx_stereographic_auxiliary_sphere_constants,
+     gx_stereographic_forward, gx_stereographic_inverse, GX_PARM_LATITUDE_OF_ORIGIN, 3},
+    {"Azimuthal_Equidistant", gx_azimuthal_equidistant_auxiliary_sphere_forward,
+     gx_azimuthal_equidistant_auxiliary_sphere_inverse,
+     gx_azimuthal_equidistant_auxiliary_sphere_constants, gx_azimuthal_equidistant_forward,
+     gx_azimuthal_equidistant_inverse, GX_PARM_LATITUDE_OF_ORIGIN, 2},
+    {"Lambert_Azimuthal_Equal_Area", gx_lambert_azimuthal_equal_area_auxiliary_sphere_forward,
+     gx_lambert_azimuthal_equal_area_auxiliary_sphere_inverse,
+     gx_lambert_azimuthal_equal_area_auxiliary_sphere_constants,
+     gx_lambert_azimuthal_equal_area_forward, gx_lambert_azimuthal_equal_area_inverse,
+     GX_PARM_LATITUDE_OF_ORIGIN, 3},
+    {"Orthographic", gx_orthographic_auxiliary_sphere_forward,
+     gx_orthographic_auxiliary_sphere_inverse, gx_orthographic_auxiliary_sphere_constants,
+     gx_orthographic_forward, gx_orthographic_inverse, GX_PARM_LATITUDE_OF_CENTER, 2},
+    {"Gnomonic", gx_gnomonic_auxiliary_sphere_forward, gx_gnomonic_auxiliary_sphere_inverse,
+     gx_gnomonic_auxiliary_sphere_constants, gx_gnomonic_forward, gx_gnomonic_inverse,
+     GX_PARM_LATITUDE_OF_CENTER, 2},
+};
+
+std::vector<Parameter> twin_parms(const twin_row& t, double type) {
+  int lon_slot = t.latitude_slot == GX_PARM_LATITUDE_OF_CENTER ? GX_PARM_LONGITUDE_OF_CENTER
+                                                               : GX_PARM_CENTRAL_MERIDIAN;
+  return {{lon_slot, -100}, {t.latitude_slot, 40}, {GX_PARM_X_SCALE, type}};
+}
+
+TEST(AzimuthalTwins, TypeThreeIsTheBaseOnTheAuthalicSphere) {
+  const double rq = gx_auth_r(kWgs84A, kWgs84E2);
+  std::vector<double> points = radians({-90, 30, -120, 60, -80, 45});
+  for (const twin_row& t : kTwins) {
+    call twin = run_fn(t.twin_forward, kWgs84A, kWgs84E2, twin_parms(t, 3), points);
+    // The base on the sphere of radius Rq, with the centre and the points at
+    // their authalic latitudes.
+    std::vector<Parameter> base_parms = twin_parms(t, 3);
+    base_parms[1].value = gx_phi_to_beta(kWgs84E2, 40 * kDeg) / kDeg;
+    std::vector<double> authalic = points;
+    for (size_t i = 1; i < authalic.size(); i += 2)
+      authalic[i] = gx_phi_to_beta(kWgs84E2, authalic[i]);
+    call base = run_fn(t.base_forward, rq, 0.0, base_parms, authalic);
+    EXPECT_EQ(twin.result, 3) << t.name;
+    for (size_t i = 0; i < points.size(); ++i)
+      EXPECT_NEAR(twin.coords[i], base.coords[i], 1e-8) << t.name << " ordinate " << i;
+    // And back, to geodetic latitudes.
+    call back = run_fn(t.twin_inverse, kWgs84A, kWgs84E2, twin_parms(t, 3), twin.coords);
+    for (size_t i = 0; i < points.size(); ++i)
+      EXPECT_NEAR(back.coords[i], points[i], 1e-12) << t.name << " ordinate " << i;
+  }
+}
+
+TEST(AzimuthalTwins, TypesZeroToTwoChooseTheRadius) {
+  const double radii[] = {kWgs84A, std::sqrt(1.0 - kWgs84E2) * kWgs84A,
+                          gx_auth_r(kWgs84A, kWgs84E2)};
+  std::vector<double> points = radians({-90, 30, -120, 60});
+  for (const twin_row& t : kTwins) {
+    for (int type = 0; type < 3; ++type) {
+      call twin = run_fn(t.twin_forward, kWgs84A, kWgs84E2, twin_parms(t, type), points);
+      call base = run_fn(t.base_forward, radii[type], 0.0, twin_parms(t, type), points);
+      expect_same_bits(twin.coords, base.coords);
+    }
+  }
+}
+
+TEST(AzimuthalTwins, OnASphereTheTwinIsItsBase) {
+  std::vector<double> points = radians({-90, 30, -120, 60});
+  for (const twin_row& t : kTwins) {
+    call twin = run_fn(t.twin_forward, kSphereR, 0.0, twin_parms(t, 3), points);
+    call base = run_fn(t.base_forward, kSphereR, 0.0, twin_parms(t, 3), points);
+    expect_same_bits(twin.coords, base.coords);
+  }
+}
+
+TEST(AzimuthalTwins, LoaderKeepsTheBaseSphereConstantsThenTheTable) {
+  for (const twin_row& t : kTwins) {
+    for (auto [e2, type, count] : {std::tuple{kWgs84E2, 3.0, t.leading + 18},
+                                   {kWgs84E2, 0.0, t.leading},
+                                   {kWgs84E2, 1.0, t.leading},
+                                   {0.0, 3.0, t.leading}}) {
+      gx_constants* block = gx_constants_new();
+      double sphere[2] = {kWgs84A, e2};
+      double v[GX_PARM_COUNT];
+      build_parms(twin_parms(t, type), v);
+      EXPECT_EQ(t.twin_loader(block, sphere, v), count) << t.name << " type " << type;
+      gx_constants_del(block);
+    }
   }
 }
 

@@ -56,6 +56,25 @@ const Projection kAzimuthalEquidistant = {"Azimuthal_Equidistant", gx_azimuthal_
                                           gx_azimuthal_equidistant_inverse,
                                           gx_azimuthal_equidistant_constants};
 
+const Projection kStereographicTwin = {
+    "Stereographic_Auxiliary_Sphere", gx_stereographic_auxiliary_sphere_forward,
+    gx_stereographic_auxiliary_sphere_inverse, gx_stereographic_auxiliary_sphere_constants};
+const Projection kLambertAzimuthalTwin = {
+    "Lambert_Azimuthal_Equal_Area_Auxiliary_Sphere",
+    gx_lambert_azimuthal_equal_area_auxiliary_sphere_forward,
+    gx_lambert_azimuthal_equal_area_auxiliary_sphere_inverse,
+    gx_lambert_azimuthal_equal_area_auxiliary_sphere_constants};
+const Projection kAzimuthalEquidistantTwin = {"Azimuthal_Equidistant_Auxiliary_Sphere",
+                                              gx_azimuthal_equidistant_auxiliary_sphere_forward,
+                                              gx_azimuthal_equidistant_auxiliary_sphere_inverse,
+                                              gx_azimuthal_equidistant_auxiliary_sphere_constants};
+const Projection kOrthographicTwin = {
+    "Orthographic_Auxiliary_Sphere", gx_orthographic_auxiliary_sphere_forward,
+    gx_orthographic_auxiliary_sphere_inverse, gx_orthographic_auxiliary_sphere_constants};
+const Projection kGnomonicTwin = {"Gnomonic_Auxiliary_Sphere", gx_gnomonic_auxiliary_sphere_forward,
+                                  gx_gnomonic_auxiliary_sphere_inverse,
+                                  gx_gnomonic_auxiliary_sphere_constants};
+
 constexpr double kMicrometre = 1e-6;
 constexpr double kInverseDeg = 1e-9;
 constexpr double kRoundTripDeg = 1e-11;
@@ -695,10 +714,137 @@ std::vector<ProjectionCase> equidistant_cases() {
   };
 }
 
+// Auxiliary_Sphere_Type (slot 12): 0 the semi-major axis, 1 the semi-minor,
+// 2 the authalic radius (for PROJ given as +R=6371007.180918474, computed
+// with mpmath: PROJ's own +R_A is a series good to 1e-11), 3 the authalic
+// sphere with authalic latitudes, which no other library has: its cases
+// check the round trip and the two routes, and the edge tests the
+// composition.
+constexpr int kType = GX_PARM_X_SCALE;
+
+std::vector<ProjectionCase> twin_cases() {
+  return {
+      {"stere_twin_type0",
+       kStereographicTwin,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_CENTRAL_MERIDIAN, 5},
+        {GX_PARM_LATITUDE_OF_ORIGIN, 52},
+        {GX_PARM_SCALE_FACTOR, 0.9999},
+        {kType, 0}},
+       {{10, 55, 319247.502801, 345209.904893},
+        {-5, 40, -860838.773470, -1286129.838392},
+        {30, 70, 954606.402149, 2207597.302531}},
+       kMicrometre,
+       kInverseDeg,
+       {-60, 70, -20, 89},
+       kRoundTripDeg},
+      {"laea_twin_type2",
+       kLambertAzimuthalTwin,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_CENTRAL_MERIDIAN, 10}, {GX_PARM_LATITUDE_OF_ORIGIN, 52}, {kType, 2}},
+       {{5, 50, -357109.466765, -210176.151188},
+        {-10, 35, -1818961.467373, -1645462.658739},
+        {40, 70, 1111149.684097, 2242474.891703}},
+       kMicrometre,
+       kInverseDeg,
+       {-60, 80, -30, 89.9},
+       kRoundTripDeg},
+      // No Auxiliary_Sphere_Type leaves slot 12 at 1: the semi-minor axis.
+      {"aeqd_twin_type1",
+       kAzimuthalEquidistantTwin,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_CENTRAL_MERIDIAN, -100}, {GX_PARM_LATITUDE_OF_ORIGIN, 40}},
+       {{-90, 30, 964087.055410, -1059014.835962},
+        {-120, 60, -1118337.256914, 2363427.751467},
+        {-60, -10, 4938591.340981, -4820967.705254}},
+       kMicrometre,
+       kInverseDeg,
+       {-170, -30, -40, 85},
+       kRoundTripDeg},
+      {"ortho_twin_type0",
+       kOrthographicTwin,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_LONGITUDE_OF_CENTER, -100}, {GX_PARM_LATITUDE_OF_CENTER, 40}, {kType, 0}},
+       {{-90, 30, 959168.052796, -1053611.489120},
+        {-120, 60, -1090725.665445, 2305075.048705},
+        {-60, -10, 4037502.453151, -3941340.271466}},
+       kMicrometre,
+       kInverseDeg,
+       {-160, -40, -20, 80},
+       kRoundTripDeg},
+      {"gnom_twin_type2",
+       kGnomonicTwin,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_LONGITUDE_OF_CENTER, -100}, {GX_PARM_LATITUDE_OF_CENTER, 40}, {kType, 2}},
+       {{-90, 30, 982935.605287, -1079719.287747},
+        {-120, 60, -1188647.235534, 2512016.697823},
+        {-60, -10, 8649100.317408, -8443102.583467}},
+       kMicrometre,
+       kInverseDeg,
+       {-140, -60, 0, 80},
+       kRoundTripDeg},
+      {"stere_twin_type3",
+       kStereographicTwin,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_CENTRAL_MERIDIAN, 5}, {GX_PARM_LATITUDE_OF_ORIGIN, 52}, {kType, 3}},
+       {},
+       kMicrometre,
+       kInverseDeg,
+       {-60, 70, -20, 89},
+       kRoundTripDeg},
+      {"laea_twin_type3",
+       kLambertAzimuthalTwin,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_LATITUDE_OF_ORIGIN, -90}, {kType, 3}},
+       {},
+       kMicrometre,
+       kInverseDeg,
+       {-180, 180, -89.9, 80},
+       kRoundTripDeg},
+      {"aeqd_twin_type3",
+       kAzimuthalEquidistantTwin,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_CENTRAL_MERIDIAN, -100}, {GX_PARM_LATITUDE_OF_ORIGIN, 40}, {kType, 3}},
+       {},
+       kMicrometre,
+       kInverseDeg,
+       {-170, -30, -40, 85},
+       kRoundTripDeg},
+      {"ortho_twin_type3",
+       kOrthographicTwin,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_LONGITUDE_OF_CENTER, -100}, {GX_PARM_LATITUDE_OF_CENTER, 40}, {kType, 3}},
+       {},
+       kMicrometre,
+       kInverseDeg,
+       {-160, -40, -20, 80},
+       kRoundTripDeg},
+      {"gnom_twin_type3",
+       kGnomonicTwin,
+       kWgs84A,
+       kWgs84E2,
+       {{GX_PARM_LONGITUDE_OF_CENTER, -100}, {GX_PARM_LATITUDE_OF_CENTER, 40}, {kType, 3}},
+       {},
+       kMicrometre,
+       kInverseDeg,
+       {-140, -60, 0, 80},
+       kRoundTripDeg},
+  };
+}
+
 std::vector<ProjectionCase> all_cases() {
   std::vector<ProjectionCase> cases;
-  for (auto part :
-       {stereographic_cases, lambert_azimuthal_cases, perspective_cases, equidistant_cases}) {
+  for (auto part : {stereographic_cases, lambert_azimuthal_cases, perspective_cases,
+                    equidistant_cases, twin_cases}) {
     for (ProjectionCase& c : part()) cases.push_back(c);
   }
   return cases;

@@ -103,6 +103,18 @@ CASES = [
     # Two-point equidistant (sphere)
     ("tpeqd sphere", "+proj=tpeqd +lat_1=40 +lon_1=-100 +lat_2=10 +lon_2=-60 " + SPHERE,
      [(-100, 40), (-60, 10), (-80, 25), (-90, 0), (-70, 50), (20, 60), (-100, -40)]),
+    # Auxiliary sphere twins: type 0 (radius a), 1 (radius b), 2 (the authalic radius of
+    # WGS 84 by mpmath; PROJ's +R_A is a series good to 1e-11)
+    ("stere twin type 0", "+proj=stere +lat_0=52 +lon_0=5 +k=0.9999 +R=6378137",
+     [(10, 55), (-5, 40), (30, 70)]),
+    ("laea twin type 2", "+proj=laea +lat_0=52 +lon_0=10 +R=6371007.180918474",
+     [(5, 50), (-10, 35), (40, 70)]),
+    ("aeqd twin type 1", "+proj=aeqd +lat_0=40 +lon_0=-100 +R=6356752.314245179",
+     [(-90, 30), (-120, 60), (-60, -10)]),
+    ("ortho twin type 0", "+proj=ortho +lat_0=40 +lon_0=-100 +R=6378137",
+     [(-90, 30), (-120, 60), (-60, -10)]),
+    ("gnom twin type 2", "+proj=gnom +lat_0=40 +lon_0=-100 +R=6371007.180918474",
+     [(-90, 30), (-120, 60), (-60, -10)]),
 ]
 
 
