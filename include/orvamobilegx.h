@@ -12,5 +12,6 @@
 #include "gx_horizon.h"
 #include "gx_convert.h"
 #include "gx_methods.h"
+#include "gx_gridref.h"
 
 #endif /* ORVAMOBILEGX_H */

@@ -173,7 +173,7 @@ FILE* gx_vertical_open(char* path, const char* subdirectory, const char* name,
     built = join_part(path, subdirectory);
   }
   if (built) built = join_part(path, clean);
-  if (built && extension != nullptr) {
+  if (built && extension != nullptr && extension[0] != '\0') {
     // room for the worst case, "." and the whole extension
     built = strlen(path) + 1 + strlen(extension) < GX_PATH_SIZE;
     if (built) gx_path_force_extension(path, extension);

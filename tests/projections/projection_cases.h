@@ -92,5 +92,7 @@ inline void PrintTo(const ProjectionCase& c, std::ostream* os) { *os << c.label;
 class ProjectionCaseTest : public ::testing::TestWithParam<ProjectionCase> {};
 
 std::string case_name(const ::testing::TestParamInfo<ProjectionCase>& info);
+// A case shows as its label in failure messages.
+void PrintTo(const ProjectionCase& c, std::ostream* os);
 
 }  // namespace gx_test
