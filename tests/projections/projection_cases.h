@@ -86,9 +86,6 @@ std::vector<double> grid_radians(const Region& region, int steps);
 // Equality of the bits of two arrays (NaN marks included).
 bool same_bits(const std::vector<double>& a, const std::vector<double>& b);
 
-// Names a case in the test output by its label.
-inline void PrintTo(const ProjectionCase& c, std::ostream* os) { *os << c.label; }
-
 class ProjectionCaseTest : public ::testing::TestWithParam<ProjectionCase> {};
 
 std::string case_name(const ::testing::TestParamInfo<ProjectionCase>& info);
