@@ -26,14 +26,33 @@ constexpr double kD[9] = {1.5627014243, 0.5185406398, -0.03333098, -0.1052906, -
                           0.007317,     0.01220,      0.00394,     -0.0013};
 constexpr int kNewtonRounds = 2;
 
-gx_complex scaled(double s, gx_complex z) { return {s * z.re, s * z.im}; }
+// The sum of coefficient k times t^(k + 1), in ascending powers.  The powers
+// are repeated products: pow would cost as much as the rest of the grid and
+// differ from them in the last bit only.
+double real_polynomial(const double* coefficients, int count, double t) {
+  double sum = 0.0, power = 1.0;
+  for (int k = 0; k < count; ++k) {
+    power *= t;
+    sum += coefficients[k] * power;
+  }
+  return sum;
+}
+
+// The products and sums of gx_cplx_mul and gx_cplx_add, written inline: the
+// grid makes some sixty of them per point, and the out-of-line calls cost
+// several times the arithmetic.  The bits are the same.
+gx_complex operator*(gx_complex a, gx_complex b) {
+  return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
+}
+gx_complex operator+(gx_complex a, gx_complex b) { return {a.re + b.re, a.im + b.im}; }
+gx_complex operator*(double s, gx_complex z) { return {s * z.re, s * z.im}; }
 
 // The sum of coefficient k times z^(k + 1), powers by repeated products from 1.
 gx_complex polynomial(const gx_complex* coefficients, int count, gx_complex z) {
-  gx_complex sum = {0.0, 0.0}, power = {1.0, 0.0}, term;
+  gx_complex sum = {0.0, 0.0}, power = {1.0, 0.0};
   for (int k = 0; k < count; ++k) {
-    gx_cplx_mul(power, z, &power);
-    gx_cplx_add(sum, *gx_cplx_mul(coefficients[k], power, &term), &sum);
+    power = power * z;
+    sum = sum + coefficients[k] * power;
   }
   return sum;
 }
@@ -41,16 +60,14 @@ gx_complex polynomial(const gx_complex* coefficients, int count, gx_complex z) {
 // One Newton round on z = B(theta): theta = (z + N) / M with N the sum of
 // (k - 1) B_k theta^k over k from 2 and M the sum of k B_k theta^(k - 1).
 gx_complex newton_round(gx_complex z, gx_complex theta) {
-  gx_complex n = {0.0, 0.0}, m = kB[0], power = {1.0, 0.0}, term;
+  gx_complex n = {0.0, 0.0}, m = kB[0], power = {1.0, 0.0};
   for (int k = 2; k <= 6; ++k) {
-    gx_cplx_mul(power, theta, &power);  // theta^(k - 1)
-    gx_cplx_add(m, *gx_cplx_mul(scaled(k, kB[k - 1]), power, &term), &m);
-    gx_cplx_mul(scaled(k - 1, kB[k - 1]), power, &term);
-    gx_cplx_add(n, *gx_cplx_mul(term, theta, &term), &n);
+    power = power * theta;  // theta^(k - 1)
+    m = m + (k * kB[k - 1]) * power;
+    n = n + ((k - 1) * kB[k - 1]) * power * theta;
   }
   gx_complex result;
-  gx_cplx_add(z, n, &result);
-  return *gx_cplx_div(result, m, &result);
+  return *gx_cplx_div(z + n, m, &result);
 }
 
 }  // namespace
@@ -60,9 +77,7 @@ int32_t gx_new_zealand_map_grid_forward(const double* sphere, double* parms, int
   double a = sphere[0], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
   return gx_each_point(n, coords, [&](double& x, double& y) {
-    double d = (y - phi0) * kToGridUnits;
-    double psi = 0.0;
-    for (int k = 1; k <= 10; ++k) psi += kA[k - 1] * std::pow(d, k);
+    double psi = real_polynomial(kA, 10, (y - phi0) * kToGridUnits);
     gx_complex z = polynomial(kB, 6, {psi, gx_delta_fast(x - lam0)});
     x = z.im * a;
     y = z.re * a;
@@ -77,12 +92,7 @@ int32_t gx_new_zealand_map_grid_inverse(const double* sphere, double* parms, int
     gx_complex z = {y * r, x * r};
     gx_complex theta = polynomial(kC, 6, z);
     for (int round = 0; round < kNewtonRounds; ++round) theta = newton_round(z, theta);
-    double psi = theta.re, d = 0.0, power = 1.0;
-    for (int k = 1; k <= 9; ++k) {
-      power *= psi;
-      d += kD[k - 1] * power;
-    }
     x = gx_delta_fast(theta.im + lam0);
-    y = d * kFromGridUnits + phi0;
+    y = real_polynomial(kD, 9, theta.re) * kFromGridUnits + phi0;
   });
 }
