@@ -16,8 +16,6 @@ int32_t gx_layout_load(gx_constants* block, int32_t count, gx_setup_fn setup,
 int32_t gx_run(gx_setup_fn setup, int mask, gx_points_fn points, const double* sphere,
                const double* parms, int32_t n, double* coords, const double* doubles) {
   if (n < 1) return 0;
-  if (doubles != nullptr) return points(doubles, sphere, parms, n, coords);
   double local[GX_LAYOUT_CAPACITY];
-  setup(sphere, parms, mask, local);
-  return points(local, sphere, parms, n, coords);
+  return points(gx_layout(doubles, local, setup, sphere, parms, mask), sphere, parms, n, coords);
 }

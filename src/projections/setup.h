@@ -21,6 +21,15 @@ inline constexpr int GX_TABLE_ROOM = 18;
 // The sphere test of every projection with an ellipsoidal branch.
 inline bool gx_is_sphere(const double* sphere) { return sphere[1] < GX_EPS; }
 
+// The doubles a function works from: the block's when it has them, otherwise
+// `local` after the set-up has filled it.
+inline const double* gx_layout(const double* doubles, double* local, gx_setup_fn setup,
+                               const double* sphere, const double* parms, int mask) {
+  if (doubles != nullptr) return doubles;
+  setup(sphere, parms, mask, local);
+  return local;
+}
+
 // The per-point loop of a forward or inverse function, reading its derived
 // values from `layout`; returns the count that the function returns.
 using gx_points_fn = int32_t (*)(const double* layout, const double* sphere, const double* parms,
