@@ -113,6 +113,7 @@ inline double gx_m_of_sin(double a, double e2, double s) {
 #define GX_DEFINE_PROJECTION_WITHOUT_LOADER(name, setup, fpoints, ipoints) \
   GX_DEFINE_RUNS(name, setup, fpoints, GX_SERIES_FORWARD, ipoints, GX_SERIES_INVERSE, nullptr)
 
+// What both stand on: the two functions, running on `block`.
 #define GX_DEFINE_RUNS(name, setup, fpoints, fmask, ipoints, imask, block)                    \
   int32_t gx_##name##_forward(const double* sphere, double* parms, int32_t n,               \
                               double* coords, const int32_t*, const double* doubles) {      \
@@ -124,8 +125,12 @@ inline double gx_m_of_sin(double a, double e2, double s) {
   }
 
 // Defines gx_<name>_constants: `sphere_count` doubles on a sphere and
-// `ellipsoid_count` otherwise, filled by `setup`.
+// `ellipsoid_count` otherwise, filled by `setup`.  Both are constants, and
+// the larger must fit the set-up route's local layout.
 #define GX_DEFINE_LOADER(name, setup, sphere_count, ellipsoid_count)                      \
+  static_assert((sphere_count) <= GX_LAYOUT_CAPACITY &&                                   \
+                    (ellipsoid_count) <= GX_LAYOUT_CAPACITY,                              \
+                "the layout of " #name " outgrows GX_LAYOUT_CAPACITY");                   \
   int32_t gx_##name##_constants(gx_constants* block, const double* sphere,                \
                                 const double* parms) {                                    \
     int32_t count = gx_is_sphere(sphere) ? (sphere_count) : (ellipsoid_count);            \
