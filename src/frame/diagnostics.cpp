@@ -211,6 +211,9 @@ void gx_report_severity(gx_errext* record, uint32_t severity, uint32_t code,
 
 void gx_errext_set(gx_errext* record, uint32_t severity, uint32_t category, uint32_t code,
                    const char* function, const char* message) {
+  // A reporter without a record of its own still reaches the hook.
+  gx_errext local;
+  if (record == nullptr) record = &local;
   record->severity = severity;
   record->category = category;
   record->code = code;

@@ -8,7 +8,8 @@
 
 #include "gx_frame.h"
 
-// Fills the record and dispatches it. The record must not be null.
+// Fills the record and dispatches it; a null record stands for a private one,
+// so the hook still sees the report.
 void gx_errext_set(gx_errext* record, uint32_t severity, uint32_t category, uint32_t code,
                    const char* function, const char* message);
 // Formats the message into a 1280-byte buffer, then gx_errext_set.

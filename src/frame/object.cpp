@@ -11,7 +11,20 @@
 
 // ---- memory -------------------------------------------------------------------
 
-void* gx_alloc(size_t size) { return size == 0 ? nullptr : std::malloc(size); }
+namespace {
+// Allocations left before the next one fails; negative: none fails.  Only
+// tests set it, to prove that every creating function survives "No memory".
+long allocations_before_failure = -1;
+}  // namespace
+
+void gx_alloc_fail_after(long count) { allocations_before_failure = count; }
+
+void* gx_alloc(size_t size) {
+  if (size == 0) return nullptr;
+  if (allocations_before_failure == 0) return nullptr;
+  if (allocations_before_failure > 0) --allocations_before_failure;
+  return std::malloc(size);
+}
 void gx_free(void* pointer) {
   if (pointer != nullptr) std::free(pointer);
 }

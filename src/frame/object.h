@@ -49,6 +49,9 @@ inline const gx_header* gx_header_of(const void* obj) {
 
 // The allocator pair behind gx_memalloc/gx_memdealloc: null for size 0.
 void* gx_alloc(size_t size);
+// A test hook: the allocation after the next `count` fails (and every later
+// one until the hook is reset with -1).
+void gx_alloc_fail_after(long count);
 void gx_free(void* pointer);
 
 // A zeroed heap object of type T, or null.
