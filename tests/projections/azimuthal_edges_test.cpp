@@ -503,6 +503,18 @@ TEST(AzimuthalEquidistant, SphereAntipodeIsFiniteAndCounted) {
   EXPECT_TRUE(std::isfinite(c.coords[1]));
 }
 
+TEST(AzimuthalEquidistant, EquatorFromAnEquatorialCentreHasNoImageOnTheEllipsoid) {
+  // Between two points of the equator the geodesic's series are 0 / 0; the
+  // point is marked and still counted.  The centre itself is the origin.
+  call c = run_fn(gx_azimuthal_equidistant_forward, kWgs84A, kWgs84E2, {},
+                  radians({30, 0, 0, 0, 30, 1}));
+  EXPECT_EQ(c.result, 3);
+  EXPECT_TRUE(marked_nan(c, 0));
+  EXPECT_EQ(c.coords[2], 0.0);
+  EXPECT_EQ(c.coords[3], 0.0);
+  EXPECT_FALSE(marked_nan(c, 2));
+}
+
 TEST(AzimuthalEquidistant, PolarCentreMeasuresAlongTheMeridian) {
   // The distance from the north pole is the quarter meridian less the arc
   // to the point: the kernel's meridian arc, not its rectifying series.
