@@ -10,7 +10,8 @@
 // ellipsoid mapped conformally onto a Gaussian sphere first).
 // Lambert_Azimuthal_Equal_Area (lambert_azimuthal.cpp), Azimuthal_Equidistant
 // and Two_Point_Equidistant (azimuthal_equidistant.cpp), Gnomonic,
-// Orthographic and Vertical_Near_Side_Perspective (perspective.cpp).
+// Orthographic and Vertical_Near_Side_Perspective (perspective.cpp), and the
+// auxiliary sphere twins (azimuthal_twins.cpp).
 #pragma once
 
 #include "projections/setup.h"

@@ -4,8 +4,19 @@
 // rectifying latitude).  Two_Point_Equidistant, on a sphere only, keeps the
 // distances from two points.
 //
-// Neither refuses a point.  The antipode of a sphere's centre lands at the
-// distance 3.141592653589782 a in whatever direction the rounding gives.
+// Two_Point_Equidistant's x axis runs from point 1 to point 2 through the
+// midpoint of the two.  Its forward puts the points left of that line at
+// negative y; its inverse reads positive y as the left side, so a round trip
+// gives a point off the line back mirrored in it.  Each direction keeps its
+// own convention.  Near the line both are ill-conditioned at the centimetre
+// level: the forward's y is the square root of a product that vanishes
+// there, the inverse takes acos of a ratio that is 1 there.
+//
+// Neither refuses a point.  On the sphere the antipode of the centre is
+// given the angular distance 3.141592653589782, just short of pi, so that
+// the ratio z / sin z stays finite; where it lands then follows from the
+// rounding of its direction.
+
 #include <cmath>
 
 #include "projections/azimuthal.h"
@@ -60,11 +71,15 @@ void ellipsoid_forward(gx_aspect aspect, const double* sphere, double phi0, cons
     double mu = gx_phi_to_mu_c(e2, phi, k + kMuTable);
     return gx_polar_point(false, dlam, (mu + GX_HALFPI) * k[kRectR], p);
   }
+  // With the centre on the equator, a point on the equator makes the
+  // geodesic's series 0 / 0: it gets the mark of a point without an image,
+  // and is counted like any.
   double r;
   double az;
   gx_geodesic_distance(sphere[0], e2, 0.0, phi0, dlam, phi, &r, &az, nullptr);
   p[0] = std::sin(az) * r;
   p[1] = std::cos(az) * r;
+  if (std::isnan(p[0]) || std::isnan(p[1])) gx_point_nan(p);
 }
 
 // A point off the centre back to (dlam, phi).
@@ -101,6 +116,7 @@ void ellipsoid_inverse(gx_aspect aspect, const double* sphere, double phi0, cons
   gx_geodesic_coordinate(sphere[0], sphere[1], 0.0, phi0, rho, std::atan2(x, y), &dlam, &phi);
   p[0] = dlam;
   p[1] = phi;
+  if (std::isnan(dlam) || std::isnan(phi)) gx_point_nan(p);
 }
 
 // ---- Two_Point_Equidistant ------------------------------------------------------------
