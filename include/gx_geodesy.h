@@ -83,6 +83,35 @@ GX_API void gx_curv_to_cart(double a, double e2, double phi, double lambda, doub
 GX_API void gx_cart_to_curv(double a, double e2, double x, double y, double z, double *phi,
                             double *lambda, double *h);
 
+/* ---- geodesics ------------------------------------------------------------
+ * Longitude comes before latitude; angles in radians, azimuths clockwise from
+ * north, lengths in the unit of a.  A sphere (e2 below GX_EPS) takes the great
+ * circle; an ellipsoid Vincenty's formulas, with a separate iteration for
+ * nearly antipodal points.  Accuracy of the inverse on WGS 84: 0.1 mm in
+ * distance and a nanoradian in azimuth for points more than a degree from
+ * each other's antipode; closer to it the iterations may stop unsettled and
+ * the distance may be off by tens of kilometres.  The direct problem holds
+ * 0.1 mm everywhere.
+ *
+ * A start or end at a pole takes its azimuth from the other point's
+ * longitude: that longitude in the south, pi minus it in the north.  Two
+ * distinct points both on the equator (and not antipodal) make Vincenty's
+ * series undefined (0/0): they come back as NaN. */
+
+/* Inverse problem: distance from point 1 to point 2, azimuth12 at point 1
+ * towards point 2, azimuth21 at point 2 back towards point 1.  Any result
+ * pointer may be null; only the results asked for are computed.  The same
+ * point twice, or two points at the same pole, give 0 for all three. */
+GX_API void gx_geodesic_distance(double a, double e2, double lambda1, double phi1, double lambda2,
+                                 double phi2, double *distance, double *azimuth12,
+                                 double *azimuth21);
+/* Direct problem: the point reached from (lambda1, phi1) after `distance`
+ * along `azimuth`.  lambda2 is wrapped into [-pi, pi].  Either result
+ * pointer may be null. */
+GX_API void gx_geodesic_coordinate(double a, double e2, double lambda1, double phi1,
+                                   double distance, double azimuth, double *lambda2,
+                                   double *phi2);
+
 #ifdef __cplusplus
 }
 #endif
