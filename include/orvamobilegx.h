@@ -9,5 +9,6 @@
 #include "gx_objects.h"
 #include "gx_geodesy.h"
 #include "gx_projections.h"
+#include "gx_methods.h"
 
 #endif /* ORVAMOBILEGX_H */
