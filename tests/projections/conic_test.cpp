@@ -101,6 +101,16 @@ const ProjectionCase kCases[] = {
       {50, 10, 4543819.423447, -2225839.081963},
       {-160, -30, -15356167.554433, 13077885.461810}},
      kMicrometre, kInverseDeg, {-160, 170, -60, 85}, kTripDeg},
+    // Both parallels on the north pole: PROJ's polar stereographic with the
+    // same k0, y from 60 degrees.
+    {"LambertBothParallelsOnThePole", kLambert, kWgs84A, kWgs84E2,
+     {{kCm, -45}, {kSp1, 90}, {kSp2, 90}, {kLo, 60}, {kK0, 0.994}},
+     {{-45, 60, 0.0, 0.0},
+      {0, 70, 1585609.011734, 1820271.705637},
+      {100, 85, 318597.271094, 3860884.775038},
+      {-45, 90, 0.0, 3405880.717371},
+      {-170, 40, -4847998.999518, 6800486.162067}},
+     kMicrometre, kInverseDeg, {-179, 179, 10, 89}, kTripDeg},
     // Parallels mirrored about the equator: PROJ's Mercator with true scale
     // on 30 degrees, y from 10 degrees, times k0.
     {"LambertMirroredIsMercator", kLambert, kClarke1866A, kClarke1866E2,
