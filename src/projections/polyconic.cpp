@@ -105,9 +105,11 @@ double ellipsoid_step(double phi, double A, double B, double a, double e2, const
                     Mp);
 }
 
-// A step is kept within a turn and folded back into [-pi/2, pi/2].
+// A step is kept within a turn and folded back into [-pi/2, pi/2].  The
+// remainder of an angle already within a turn is the angle itself, so the
+// division is spared there.
 double fold_latitude(double phi) {
-  phi = std::fmod(phi, GX_TWOPI);
+  if (std::fabs(phi) >= GX_TWOPI) phi = std::fmod(phi, GX_TWOPI);
   for (int pass = 0; pass < 2 && std::fabs(phi) > GX_HALFPI; ++pass)
     phi = std::copysign(GX_PI, phi) - phi;
   return phi;
