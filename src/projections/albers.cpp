@@ -6,7 +6,6 @@
 
 #include "projections/conic.h"
 #include "projections/cylindrical.h"
-#include "projections/setup.h"
 
 namespace {
 
@@ -20,6 +19,7 @@ bool albers_is_cylinder(const double* parms) {
 enum : int { kRho0, kC, kN, kQp, kTable };
 constexpr int kSphereCount = kQp;
 constexpr int kEllipsoidCount = kTable + GX_TABLE_ROOM;
+static_assert(kEllipsoidCount <= GX_CONIC_LAYOUT_ROOM);
 constexpr double kSphereQp = 2.0;
 
 void cone_setup_sphere(const double* sphere, const double* parms, double* k) {
@@ -62,10 +62,8 @@ void cone_setup(const double* sphere, const double* parms, int mask, double* k) 
   k[kQp] = qp;
 }
 
-int32_t cone_forward(const double* sphere, const double* parms, int32_t count, double* coords,
-                     const double* doubles) {
-  double local[kEllipsoidCount];
-  const double* k = gx_layout(doubles, local, cone_setup, sphere, parms, GX_SERIES_FORWARD);
+int32_t cone_forward(const double* sphere, const double* parms, const double* k, int32_t count,
+                     double* coords) {
   double a = sphere[0], e2 = sphere[1];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   double rho0 = k[kRho0], C = k[kC], n = k[kN];
@@ -85,10 +83,8 @@ int32_t cone_forward(const double* sphere, const double* parms, int32_t count, d
   return count;
 }
 
-int32_t cone_inverse(const double* sphere, const double* parms, int32_t count, double* coords,
-                     const double* doubles) {
-  double local[kEllipsoidCount];
-  const double* k = gx_layout(doubles, local, cone_setup, sphere, parms, GX_SERIES_BOTH);
+int32_t cone_inverse(const double* sphere, const double* parms, const double* k, int32_t count,
+                     double* coords) {
   double e2 = sphere[1];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   double rho0 = k[kRho0], C = k[kC], n = k[kN];
@@ -127,7 +123,9 @@ double cylinder_origin_y(const double* sphere, double* parms, const int32_t* int
 int32_t gx_albers_forward(const double* sphere, double* parms, int32_t n, double* coords,
                           const int32_t* ints, const double* doubles) {
   if (n < 1) return 0;
-  if (!albers_is_cylinder(parms)) return cone_forward(sphere, parms, n, coords, doubles);
+  if (!albers_is_cylinder(parms))
+    return gx_conic_run(sphere, parms, n, coords, doubles, cone_setup, GX_SERIES_FORWARD,
+                        cone_forward);
   double y0 = cylinder_origin_y(sphere, parms, ints, doubles);
   int32_t result = gx_cylindrical_equal_area_forward(sphere, parms, n, coords, ints, doubles);
   for (double* p = coords; p < coords + 2 * n; p += 2) p[1] = p[1] - y0;
@@ -137,7 +135,9 @@ int32_t gx_albers_forward(const double* sphere, double* parms, int32_t n, double
 int32_t gx_albers_inverse(const double* sphere, double* parms, int32_t n, double* coords,
                           const int32_t* ints, const double* doubles) {
   if (n < 1) return 0;
-  if (!albers_is_cylinder(parms)) return cone_inverse(sphere, parms, n, coords, doubles);
+  if (!albers_is_cylinder(parms))
+    return gx_conic_run(sphere, parms, n, coords, doubles, cone_setup, GX_SERIES_BOTH,
+                        cone_inverse);
   double y0 = cylinder_origin_y(sphere, parms, ints, doubles);
   for (double* p = coords; p < coords + 2 * n; p += 2) p[1] = p[1] + y0;
   return gx_cylindrical_equal_area_inverse(sphere, parms, n, coords, ints, doubles);

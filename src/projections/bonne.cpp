@@ -8,7 +8,6 @@
 #include <cmath>
 
 #include "projections/conic.h"
-#include "projections/setup.h"
 
 namespace {
 
@@ -17,6 +16,7 @@ namespace {
 enum : int { kTanPhi1, kN1, kRect, kM1, kTable };
 constexpr int kSphereCount = 1;
 constexpr int kEllipsoidCount = kTable + GX_TABLE_ROOM;
+static_assert(kEllipsoidCount <= GX_CONIC_LAYOUT_ROOM);
 
 void setup(const double* sphere, const double* parms, int mask, double* k) {
   double a = sphere[0], e2 = sphere[1];
@@ -44,7 +44,9 @@ double longitude(double dlam, double lam0) {
   return gx_delta_fast(dlam + lam0);
 }
 
-void sphere_forward(double a, const double* parms, const double* k, int32_t count, double* coords) {
+int32_t sphere_forward(const double* sphere, const double* parms, const double* k, int32_t count,
+                       double* coords) {
+  double a = sphere[0];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], phi1 = parms[GX_PARM_STANDARD_PARALLEL_1];
   bool sinusoidal = is_sinusoidal(parms);
   double ct = 1 / k[kTanPhi1];
@@ -61,10 +63,11 @@ void sphere_forward(double a, const double* parms, const double* k, int32_t coun
       p[1] = (ct - std::cos(E) * rho) * a;
     }
   }
+  return count;
 }
 
-void ellipsoid_forward(const double* sphere, const double* parms, const double* k, int32_t count,
-                       double* coords) {
+int32_t ellipsoid_forward(const double* sphere, const double* parms, const double* k, int32_t count,
+                          double* coords) {
   double a = sphere[0], e2 = sphere[1];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   bool sinusoidal = is_sinusoidal(parms);
@@ -83,9 +86,12 @@ void ellipsoid_forward(const double* sphere, const double* parms, const double* 
       p[1] = apex - std::cos(E) * rho;
     }
   }
+  return count;
 }
 
-void sphere_inverse(double a, const double* parms, const double* k, int32_t count, double* coords) {
+int32_t sphere_inverse(const double* sphere, const double* parms, const double* k, int32_t count,
+                       double* coords) {
+  double a = sphere[0];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], phi1 = parms[GX_PARM_STANDARD_PARALLEL_1];
   bool sinusoidal = is_sinusoidal(parms);
   double ct = 1 / k[kTanPhi1];
@@ -110,10 +116,11 @@ void sphere_inverse(double a, const double* parms, const double* k, int32_t coun
     p[0] = longitude(dlam, lam0);
     p[1] = phi;
   }
+  return count;
 }
 
-void ellipsoid_inverse(const double* sphere, const double* parms, const double* k, int32_t count,
-                       double* coords) {
+int32_t ellipsoid_inverse(const double* sphere, const double* parms, const double* k, int32_t count,
+                          double* coords) {
   double a = sphere[0], e2 = sphere[1];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], phi1 = parms[GX_PARM_STANDARD_PARALLEL_1];
   bool sinusoidal = is_sinusoidal(parms);
@@ -140,34 +147,23 @@ void ellipsoid_inverse(const double* sphere, const double* parms, const double* 
     p[0] = longitude(dlam, lam0);
     p[1] = phi;
   }
+  return count;
 }
 
 }  // namespace
 
 int32_t gx_bonne_forward(const double* sphere, double* parms, int32_t n, double* coords,
                          const int32_t* ints, const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  const double* k = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_FORWARD);
-  if (gx_is_sphere(sphere))
-    sphere_forward(sphere[0], parms, k, n, coords);
-  else
-    ellipsoid_forward(sphere, parms, k, n, coords);
-  return n;
+  return gx_conic_run(sphere, parms, n, coords, doubles, setup, GX_SERIES_FORWARD,
+                      gx_is_sphere(sphere) ? sphere_forward : ellipsoid_forward);
 }
 
 // The inverse's set-up needs M forward (the arc of phi1) and its latitudes
 // come back through the inverse series.
 int32_t gx_bonne_inverse(const double* sphere, double* parms, int32_t n, double* coords,
                          const int32_t* ints, const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  const double* k = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_BOTH);
-  if (gx_is_sphere(sphere))
-    sphere_inverse(sphere[0], parms, k, n, coords);
-  else
-    ellipsoid_inverse(sphere, parms, k, n, coords);
-  return n;
+  return gx_conic_run(sphere, parms, n, coords, doubles, setup, GX_SERIES_BOTH,
+                      gx_is_sphere(sphere) ? sphere_inverse : ellipsoid_inverse);
 }
 
 int32_t gx_bonne_constants(gx_constants* block, const double* sphere, const double* parms) {

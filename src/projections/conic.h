@@ -9,7 +9,7 @@
 // and Lambert with both parallels on one pole to the stereographic.
 #pragma once
 
-#include "gx_projections.h"
+#include "projections/setup.h"
 
 int32_t gx_lambert_conformal_conic_forward(const double* sphere, double* parms, int32_t n,
                                            double* coords, const int32_t* ints,
@@ -26,10 +26,10 @@ int32_t gx_albers_inverse(const double* sphere, double* parms, int32_t n, double
                           const int32_t* ints, const double* doubles);
 int32_t gx_albers_constants(gx_constants* block, const double* sphere, const double* parms);
 
-int32_t gx_equidistant_conic_forward(const double* sphere, double* parms, int32_t n,
-                                     double* coords, const int32_t* ints, const double* doubles);
-int32_t gx_equidistant_conic_inverse(const double* sphere, double* parms, int32_t n,
-                                     double* coords, const int32_t* ints, const double* doubles);
+int32_t gx_equidistant_conic_forward(const double* sphere, double* parms, int32_t n, double* coords,
+                                     const int32_t* ints, const double* doubles);
+int32_t gx_equidistant_conic_inverse(const double* sphere, double* parms, int32_t n, double* coords,
+                                     const int32_t* ints, const double* doubles);
 int32_t gx_equidistant_conic_constants(gx_constants* block, const double* sphere,
                                        const double* parms);
 
@@ -51,6 +51,22 @@ int32_t gx_krovak_forward(const double* sphere, double* parms, int32_t n, double
 int32_t gx_krovak_inverse(const double* sphere, double* parms, int32_t n, double* coords,
                           const int32_t* ints, const double* doubles);
 int32_t gx_krovak_constants(gx_constants* block, const double* sphere, const double* parms);
+
+// ---- what the family's functions share ----------------------------------
+
+// The per-point work of a run over the run's constants k; returns the number
+// of points that got an image.
+using gx_conic_body = int32_t (*)(const double* sphere, const double* parms, const double* k,
+                                  int32_t n, double* coords);
+
+// Room for the largest layout of the family (Krovak's on an ellipsoid).
+inline constexpr int GX_CONIC_LAYOUT_ROOM = 9 + GX_TABLE_ROOM;
+
+// What a function of the family does around its points: 0 for no points,
+// the run's constants (the block's doubles, or the set-up's with `mask` on
+// the stack), then the body over the points.
+int32_t gx_conic_run(const double* sphere, const double* parms, int32_t n, double* coords,
+                     const double* doubles, gx_setup_fn setup, int mask, gx_conic_body body);
 
 // The y of the point (lam0, phi0) under a projection function: what a
 // hand-off to a cylinder or a plane subtracts so that y is measured from the

@@ -9,7 +9,6 @@
 #include <cmath>
 
 #include "projections/conic.h"
-#include "projections/setup.h"
 
 namespace {
 
@@ -28,6 +27,7 @@ constexpr int kCylSphereCount = 1;
 constexpr int kCylEllipsoidCount = kCylTable + GX_TABLE_ROOM;
 constexpr int kSphereCount = kRect;
 constexpr int kEllipsoidCount = kTable + GX_TABLE_ROOM;
+static_assert(kEllipsoidCount <= GX_CONIC_LAYOUT_ROOM);
 
 double unit_parallel_radius(double e2, double p) { return std::cos(p) / gx_w(e2, p); }
 
@@ -90,8 +90,8 @@ int32_t layout_count(const double* sphere, const double* parms) {
   return gx_is_sphere(sphere) ? kSphereCount : kEllipsoidCount;
 }
 
-void cylinder_forward(const double* sphere, const double* parms, const double* k, int32_t count,
-                      double* coords) {
+int32_t cylinder_forward(const double* sphere, const double* parms, const double* k, int32_t count,
+                         double* coords) {
   double a = sphere[0], e2 = sphere[1];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
   bool on_sphere = gx_is_sphere(sphere);
@@ -101,10 +101,11 @@ void cylinder_forward(const double* sphere, const double* parms, const double* k
     p[1] = on_sphere ? (p[1] - phi0) * a
                      : meridian_arc(e2, p[1], k[kCylRect], k + kCylTable) - k[kCylM0];
   }
+  return count;
 }
 
-void cylinder_inverse(const double* sphere, const double* parms, const double* k, int32_t count,
-                      double* coords) {
+int32_t cylinder_inverse(const double* sphere, const double* parms, const double* k, int32_t count,
+                         double* coords) {
   double a = sphere[0], e2 = sphere[1];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
   bool on_sphere = gx_is_sphere(sphere);
@@ -115,10 +116,11 @@ void cylinder_inverse(const double* sphere, const double* parms, const double* k
     p[1] = on_sphere ? p[1] / a + phi0
                      : gx_mu_to_phi_c(e2, (p[1] + k[kCylM0]) / k[kCylRect], k + kCylTable);
   }
+  return count;
 }
 
-void cone_forward(const double* sphere, const double* parms, const double* k, int32_t count,
-                  double* coords) {
+int32_t cone_forward(const double* sphere, const double* parms, const double* k, int32_t count,
+                     double* coords) {
   double a = sphere[0], e2 = sphere[1];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   double n = k[kN], G = k[kG], rho0 = k[kRho0];
@@ -131,10 +133,11 @@ void cone_forward(const double* sphere, const double* parms, const double* k, in
     p[0] = std::sin(theta) * rho;
     p[1] = rho0 - std::cos(theta) * rho;
   }
+  return count;
 }
 
-void cone_inverse(const double* sphere, const double* parms, const double* k, int32_t count,
-                  double* coords) {
+int32_t cone_inverse(const double* sphere, const double* parms, const double* k, int32_t count,
+                     double* coords) {
   double a = sphere[0], e2 = sphere[1];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   double n = k[kN], G = k[kG], rho0 = k[kRho0];
@@ -151,34 +154,23 @@ void cone_inverse(const double* sphere, const double* parms, const double* k, in
     p[0] = gx_delta_fast(theta * rn + lam0);
     p[1] = on_sphere ? G - rho / a : gx_mu_to_phi_c(e2, (Ga - rho) / k[kRect], k + kTable);
   }
+  return count;
 }
 
 }  // namespace
 
-int32_t gx_equidistant_conic_forward(const double* sphere, double* parms, int32_t n,
-                                     double* coords, const int32_t* ints, const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  const double* k = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_FORWARD);
-  if (is_cylinder(parms))
-    cylinder_forward(sphere, parms, k, n, coords);
-  else
-    cone_forward(sphere, parms, k, n, coords);
-  return n;
+int32_t gx_equidistant_conic_forward(const double* sphere, double* parms, int32_t n, double* coords,
+                                     const int32_t* ints, const double* doubles) {
+  return gx_conic_run(sphere, parms, n, coords, doubles, setup, GX_SERIES_FORWARD,
+                      is_cylinder(parms) ? cylinder_forward : cone_forward);
 }
 
 // The set-up of the inverse needs M both ways: the arcs of the parallels and
 // the latitude of an arc.
-int32_t gx_equidistant_conic_inverse(const double* sphere, double* parms, int32_t n,
-                                     double* coords, const int32_t* ints, const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  const double* k = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_BOTH);
-  if (is_cylinder(parms))
-    cylinder_inverse(sphere, parms, k, n, coords);
-  else
-    cone_inverse(sphere, parms, k, n, coords);
-  return n;
+int32_t gx_equidistant_conic_inverse(const double* sphere, double* parms, int32_t n, double* coords,
+                                     const int32_t* ints, const double* doubles) {
+  return gx_conic_run(sphere, parms, n, coords, doubles, setup, GX_SERIES_BOTH,
+                      is_cylinder(parms) ? cylinder_inverse : cone_inverse);
 }
 
 int32_t gx_equidistant_conic_constants(gx_constants* block, const double* sphere,

@@ -15,7 +15,6 @@
 #include <cmath>
 
 #include "projections/conic.h"
-#include "projections/setup.h"
 
 namespace {
 
@@ -26,6 +25,7 @@ namespace {
 enum : int { kCosRot, kSinRot, kCosAz, kSinAz, kN, kF, kB, kK, kLimit, kTable };
 constexpr int kSphereCount = kB;
 constexpr int kEllipsoidCount = kTable + GX_TABLE_ROOM;
+static_assert(kEllipsoidCount <= GX_CONIC_LAYOUT_ROOM);
 constexpr double kLimitSlack = 1e-12;
 
 bool is_refused(const double* parms) {
@@ -58,7 +58,8 @@ void setup(const double* sphere, const double* parms, int mask, double* k) {
   double chi0 = gx_phi_to_chi_c(e2, phi0, k + kTable);
   k[kF] = (std::sqrt(1 - e2) * a / (1 - s * s * e2)) * F0 * k0;
   k[kB] = B;
-  k[kK] = std::tan(std::asin(s0) / 2 + GX_QUARTERPI) / std::pow(std::tan(chi0 / 2 + GX_QUARTERPI), B);
+  k[kK] =
+      std::tan(std::asin(s0) / 2 + GX_QUARTERPI) / std::pow(std::tan(chi0 / 2 + GX_QUARTERPI), B);
   k[kLimit] = GX_PI / B;
 }
 
@@ -144,7 +145,8 @@ int32_t inverse(const double* sphere, const double* parms, const double* k, int3
         gx_point_nan(pt);
         continue;
       }
-      double chi = 2 * (std::atan(std::pow(std::tan(U / 2 + GX_QUARTERPI) / gauss, rB)) - GX_QUARTERPI);
+      double chi =
+          2 * (std::atan(std::pow(std::tan(U / 2 + GX_QUARTERPI) / gauss, rB)) - GX_QUARTERPI);
       phi = gx_chi_to_phi_c(e2, chi, k + kTable);
     }
     pt[0] = gx_delta_fast(dlam + lam0);
@@ -158,18 +160,14 @@ int32_t inverse(const double* sphere, const double* parms, const double* k, int3
 
 int32_t gx_krovak_forward(const double* sphere, double* parms, int32_t n, double* coords,
                           const int32_t* ints, const double* doubles) {
-  if (n < 1 || is_refused(parms)) return 0;
-  double local[kEllipsoidCount];
-  const double* k = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_FORWARD);
-  return forward(sphere, parms, k, n, coords);
+  if (is_refused(parms)) return 0;
+  return gx_conic_run(sphere, parms, n, coords, doubles, setup, GX_SERIES_FORWARD, forward);
 }
 
 int32_t gx_krovak_inverse(const double* sphere, double* parms, int32_t n, double* coords,
                           const int32_t* ints, const double* doubles) {
-  if (n < 1 || is_refused(parms)) return 0;
-  double local[kEllipsoidCount];
-  const double* k = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_BOTH);
-  return inverse(sphere, parms, k, n, coords);
+  if (is_refused(parms)) return 0;
+  return gx_conic_run(sphere, parms, n, coords, doubles, setup, GX_SERIES_BOTH, inverse);
 }
 
 int32_t gx_krovak_constants(gx_constants* block, const double* sphere, const double* parms) {

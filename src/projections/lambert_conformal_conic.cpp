@@ -11,10 +11,10 @@
 #include "projections/azimuthal.h"
 #include "projections/conic.h"
 #include "projections/cylindrical.h"
-#include "projections/setup.h"
 
 namespace {
 
+// The shapes a definition can take; the cone comes last, after the hand-offs.
 enum class lcc_shape { plane, cylinder, refused, cone };
 
 lcc_shape lcc_choose(const double* parms) {
@@ -29,12 +29,18 @@ lcc_shape lcc_choose(const double* parms) {
 // The cone's constants: the cone constant n, F (with the sign of n, in
 // metres) and the radius rho0 of the parallel of origin; then, on the
 // ellipsoid, the conformal table.
-enum : int { kN, kF, kRho0, kTable, kSphereCount = kTable, kEllipsoidCount = kTable + GX_TABLE_ROOM };
+enum : int {
+  kN,
+  kF,
+  kRho0,
+  kTable,
+  kSphereCount = kTable,
+  kEllipsoidCount = kTable + GX_TABLE_ROOM
+};
+static_assert(kEllipsoidCount <= GX_CONIC_LAYOUT_ROOM);
 
 // m(p): the radius of the parallel p on a unit body.
-double cone_m(double e2, double p) {
-  return e2 < GX_EPS ? std::cos(p) : std::cos(p) / gx_w(e2, p);
-}
+double cone_m(double e2, double p) { return e2 < GX_EPS ? std::cos(p) : std::cos(p) / gx_w(e2, p); }
 
 // t(p) = tan(pi/4 - chi(p)/2), chi being p itself on the sphere.
 double cone_t(double e2, double p, const double* table) {
@@ -68,10 +74,8 @@ double cone_clamp(double phi) {
   return gx_pole_clamp(phi);
 }
 
-int32_t cone_forward(const double* sphere, const double* parms, int32_t count, double* coords,
-                     const double* doubles) {
-  double local[kEllipsoidCount];
-  const double* k = gx_layout(doubles, local, cone_setup, sphere, parms, GX_SERIES_FORWARD);
+int32_t cone_forward(const double* sphere, const double* parms, const double* k, int32_t count,
+                     double* coords) {
   double e2 = sphere[1];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], k0 = parms[GX_PARM_SCALE_FACTOR];
   double n = k[kN], F = k[kF], rho0 = k[kRho0];
@@ -87,10 +91,8 @@ int32_t cone_forward(const double* sphere, const double* parms, int32_t count, d
   return count;
 }
 
-int32_t cone_inverse(const double* sphere, const double* parms, int32_t count, double* coords,
-                     const double* doubles) {
-  double local[kEllipsoidCount];
-  const double* k = gx_layout(doubles, local, cone_setup, sphere, parms, GX_SERIES_BOTH);
+int32_t cone_inverse(const double* sphere, const double* parms, const double* k, int32_t count,
+                     double* coords) {
   double e2 = sphere[1];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   double rk0 = 1 / parms[GX_PARM_SCALE_FACTOR];
@@ -118,11 +120,17 @@ int32_t cone_inverse(const double* sphere, const double* parms, int32_t count, d
 
 // Parallels that mirror each other: a Mercator with true scale on phi1
 // (the caller's slot 3), y measured from phi0, everything scaled by k0.
+double cylinder_origin_y(const double* sphere, double* parms, const int32_t* ints,
+                         const double* doubles) {
+  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
+  if (phi0 == 0.0) return 0;
+  return gx_conic_origin_y(gx_mercator_forward, sphere, parms, phi0, ints, doubles);
+}
+
 int32_t cylinder_forward(const double* sphere, double* parms, int32_t n, double* coords,
                          const int32_t* ints, const double* doubles) {
-  double k0 = parms[GX_PARM_SCALE_FACTOR], phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
-  double y0 = 0;
-  if (phi0 != 0.0) y0 = gx_conic_origin_y(gx_mercator_forward, sphere, parms, phi0, ints, doubles);
+  double k0 = parms[GX_PARM_SCALE_FACTOR];
+  double y0 = cylinder_origin_y(sphere, parms, ints, doubles);
   int32_t result = gx_mercator_forward(sphere, parms, n, coords, ints, doubles);
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     p[0] = p[0] * k0;
@@ -133,9 +141,8 @@ int32_t cylinder_forward(const double* sphere, double* parms, int32_t n, double*
 
 int32_t cylinder_inverse(const double* sphere, double* parms, int32_t n, double* coords,
                          const int32_t* ints, const double* doubles) {
-  double rk0 = 1 / parms[GX_PARM_SCALE_FACTOR], phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
-  double y0 = 0;
-  if (phi0 != 0.0) y0 = gx_conic_origin_y(gx_mercator_forward, sphere, parms, phi0, ints, doubles);
+  double rk0 = 1 / parms[GX_PARM_SCALE_FACTOR];
+  double y0 = cylinder_origin_y(sphere, parms, ints, doubles);
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     p[0] = p[0] * rk0;
     p[1] = p[1] * rk0 + y0;
@@ -145,87 +152,90 @@ int32_t cylinder_inverse(const double* sphere, double* parms, int32_t n, double*
 
 // Both parallels on one pole: a polar stereographic on that pole with the
 // caller's central meridian and k0, y measured from phi0.
-void plane_parms(const double* parms, double* local) {
-  for (int i = 0; i < GX_PARM_COUNT; ++i) local[i] = parms[i];
-  local[GX_PARM_LATITUDE_OF_ORIGIN] = parms[GX_PARM_STANDARD_PARALLEL_1];
-}
+struct plane_parms {
+  double v[GX_PARM_COUNT];
+  explicit plane_parms(const double* parms) {
+    for (int i = 0; i < GX_PARM_COUNT; ++i) v[i] = parms[i];
+    v[GX_PARM_LATITUDE_OF_ORIGIN] = parms[GX_PARM_STANDARD_PARALLEL_1];
+  }
+};
 
-double plane_origin_y(const double* sphere, const double* parms, double* local,
+double plane_origin_y(const double* sphere, const double* parms, plane_parms& local,
                       const int32_t* ints, const double* doubles) {
   double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
   if (gx_eq(phi0, parms[GX_PARM_STANDARD_PARALLEL_1])) return 0;
-  return gx_conic_origin_y(gx_stereographic_forward, sphere, local, phi0, ints, doubles);
+  return gx_conic_origin_y(gx_stereographic_forward, sphere, local.v, phi0, ints, doubles);
 }
 
-int32_t plane_forward(const double* sphere, const double* parms, int32_t n, double* coords,
+int32_t plane_forward(const double* sphere, double* parms, int32_t n, double* coords,
                       const int32_t* ints, const double* doubles) {
-  double local[GX_PARM_COUNT];
-  plane_parms(parms, local);
+  plane_parms local(parms);
   double y0 = plane_origin_y(sphere, parms, local, ints, doubles);
-  int32_t result = gx_stereographic_forward(sphere, local, n, coords, ints, doubles);
+  int32_t result = gx_stereographic_forward(sphere, local.v, n, coords, ints, doubles);
   for (double* p = coords; p < coords + 2 * n; p += 2) p[1] = p[1] - y0;
   return result;
 }
 
-int32_t plane_inverse(const double* sphere, const double* parms, int32_t n, double* coords,
+int32_t plane_inverse(const double* sphere, double* parms, int32_t n, double* coords,
                       const int32_t* ints, const double* doubles) {
-  double local[GX_PARM_COUNT];
-  plane_parms(parms, local);
+  plane_parms local(parms);
   double y0 = plane_origin_y(sphere, parms, local, ints, doubles);
   for (double* p = coords; p < coords + 2 * n; p += 2) p[1] = p[1] + y0;
-  return gx_stereographic_inverse(sphere, local, n, coords, ints, doubles);
+  return gx_stereographic_inverse(sphere, local.v, n, coords, ints, doubles);
 }
+
+int32_t plane_constants(gx_constants* block, const double* sphere, const double* parms) {
+  plane_parms local(parms);
+  return gx_stereographic_constants(block, sphere, local.v);
+}
+
+// One parallel on a pole: no projection, the coordinates stay as they came.
+int32_t refused_run(const double*, double*, int32_t, double*, const int32_t*, const double*) {
+  return 0;
+}
+int32_t refused_constants(gx_constants*, const double*, const double*) { return 0; }
+
+// The shapes other than the cone, by lcc_shape.
+struct hand_off {
+  gx_projection_fn forward, inverse;
+  gx_constants_fn constants;
+};
+constexpr hand_off kHandOffs[] = {
+    {plane_forward, plane_inverse, plane_constants},
+    {cylinder_forward, cylinder_inverse, gx_mercator_constants},
+    {refused_run, refused_run, refused_constants},
+};
+static_assert(sizeof kHandOffs / sizeof kHandOffs[0] == static_cast<int>(lcc_shape::cone));
+
+const hand_off& hand_off_of(lcc_shape shape) { return kHandOffs[static_cast<int>(shape)]; }
 
 }  // namespace
 
 int32_t gx_lambert_conformal_conic_forward(const double* sphere, double* parms, int32_t n,
                                            double* coords, const int32_t* ints,
                                            const double* doubles) {
+  lcc_shape shape = lcc_choose(parms);
   if (n < 1) return 0;
-  switch (lcc_choose(parms)) {
-    case lcc_shape::plane:
-      return plane_forward(sphere, parms, n, coords, ints, doubles);
-    case lcc_shape::cylinder:
-      return cylinder_forward(sphere, parms, n, coords, ints, doubles);
-    case lcc_shape::refused:
-      return 0;
-    case lcc_shape::cone:
-      break;
-  }
-  return cone_forward(sphere, parms, n, coords, doubles);
+  if (shape != lcc_shape::cone)
+    return hand_off_of(shape).forward(sphere, parms, n, coords, ints, doubles);
+  return gx_conic_run(sphere, parms, n, coords, doubles, cone_setup, GX_SERIES_FORWARD,
+                      cone_forward);
 }
 
 int32_t gx_lambert_conformal_conic_inverse(const double* sphere, double* parms, int32_t n,
                                            double* coords, const int32_t* ints,
                                            const double* doubles) {
+  lcc_shape shape = lcc_choose(parms);
   if (n < 1) return 0;
-  switch (lcc_choose(parms)) {
-    case lcc_shape::plane:
-      return plane_inverse(sphere, parms, n, coords, ints, doubles);
-    case lcc_shape::cylinder:
-      return cylinder_inverse(sphere, parms, n, coords, ints, doubles);
-    case lcc_shape::refused:
-      return 0;
-    case lcc_shape::cone:
-      break;
-  }
-  return cone_inverse(sphere, parms, n, coords, doubles);
+  if (shape != lcc_shape::cone)
+    return hand_off_of(shape).inverse(sphere, parms, n, coords, ints, doubles);
+  return gx_conic_run(sphere, parms, n, coords, doubles, cone_setup, GX_SERIES_BOTH, cone_inverse);
 }
 
 int32_t gx_lambert_conformal_conic_constants(gx_constants* block, const double* sphere,
                                              const double* parms) {
-  double local[GX_PARM_COUNT];
-  switch (lcc_choose(parms)) {
-    case lcc_shape::plane:
-      plane_parms(parms, local);
-      return gx_stereographic_constants(block, sphere, local);
-    case lcc_shape::cylinder:
-      return gx_mercator_constants(block, sphere, parms);
-    case lcc_shape::refused:
-      return 0;
-    case lcc_shape::cone:
-      break;
-  }
+  lcc_shape shape = lcc_choose(parms);
+  if (shape != lcc_shape::cone) return hand_off_of(shape).constants(block, sphere, parms);
   int32_t count = gx_is_sphere(sphere) ? kSphereCount : kEllipsoidCount;
   return gx_layout_load(block, count, cone_setup, sphere, parms);
 }

@@ -9,27 +9,33 @@
 //
 // The constants are always computed as a block; a run without a loaded block
 // computes one on its stack, with the loader's own set-up.
+#include "projections/oblique_mercator.h"
+
 #include <cmath>
 #include <cstring>
 
-#include "projections/oblique_mercator.h"
 #include "projections/setup.h"
 
 namespace {
 
+// The layout, 29 doubles for every row: B, the aposphere's exponent; ln E;
+// the longitude of the central line's origin; sine and cosine of gamma0, the
+// line's azimuth on the aposphere; sine and cosine of the line's azimuth at
+// the centre; u of the centre; gamma0 / 2; A k0 / B and its reciprocal; the
+// conformal table.
 enum : int {
-  kB,          // the aposphere's exponent
-  kLnE,        // ln E
-  kLam0c,      // longitude of the central line's origin
-  kSinGamma,   // sine and cosine of gamma0, the line's azimuth on the aposphere
+  kB,
+  kLnE,
+  kLam0c,
+  kSinGamma,
   kCosGamma,
-  kSinAz,      // sine and cosine of the line's azimuth at the centre
+  kSinAz,
   kCosAz,
-  kUc,         // u of the centre
-  kHalfGamma,  // gamma0 / 2
-  kAk,         // A k0 / B
-  kRAk,        // B / (A k0)
-  kTable,      // the conformal table
+  kUc,
+  kHalfGamma,
+  kAk,
+  kRAk,
+  kTable,
   kCount = kTable + GX_TABLE_ROOM
 };
 
@@ -154,10 +160,10 @@ bool two_point_setup(const double* sphere, const double* parms, double* k) {
   // The points are joined the short way round.
   if (std::fabs(lam1 - lam2) > GX_PI) lam2 = lam1 - lam2 >= 0 ? lam2 + GX_TWOPI : lam2 - GX_TWOPI;
   double h = B * 0.5;
-  k[kLam0c] = gx_delta((lam2 + lam1) * 0.5 - std::atan(std::tanh((t2 + t1) * h + lnE) *
-                                                        std::tan((lam1 - lam2) * h) /
-                                                        std::tanh((t1 - t2) * h)) *
-                                                  rB);
+  k[kLam0c] = gx_delta((lam2 + lam1) * 0.5 -
+                       std::atan(std::tanh((t2 + t1) * h + lnE) * std::tan((lam1 - lam2) * h) /
+                                 std::tanh((t1 - t2) * h)) *
+                           rB);
   double gamma0;
   if (e2 < GX_EPS && phi1 == 0.0) {
     double az = 0;
@@ -229,29 +235,36 @@ void core_inverse(double e2, const double* k, double v, double u, double* lam, d
 
 // One row of the family: its set-up, whether u is measured from the centre,
 // and whether the plane is turned by XY_Plane_Rotation.
+// The constants of a run and the turn from the skew plane to (x, y).
+struct skew_plane {
+  const double* k;
+  double cr, sr;
+};
+
 template <om_setup_fn setup, bool from_centre, bool by_plane>
 struct oblique_row {
-  // The block's doubles, or the set-up's on the stack; null when the set-up
-  // refuses the definition.
-  static const double* run_constants(const double* sphere, const double* parms,
-                                     const double* doubles, double* local) {
-    if (doubles != nullptr) return doubles;
-    return setup(sphere, parms, local) ? local : nullptr;
+  // The block's doubles, or the set-up's on the stack, and the turn; false
+  // when the set-up refuses the definition.
+  static bool open(const double* sphere, const double* parms, const double* doubles, double* local,
+                   skew_plane* plane) {
+    plane->k = doubles;
+    if (doubles == nullptr) {
+      if (!setup(sphere, parms, local)) return false;
+      plane->k = local;
+    }
+    plane_rotation(parms, plane->k, by_plane, &plane->cr, &plane->sr);
+    return true;
   }
 
   static int32_t forward(const double* sphere, const double* parms, int32_t n, double* coords,
                          const double* doubles) {
-    if (n < 1) return 0;
     double local[kCount];
-    const double* k = run_constants(sphere, parms, doubles, local);
-    if (k == nullptr) return 0;
-    double cr, sr;
-    plane_rotation(parms, k, by_plane, &cr, &sr);
-    double uc = k[kUc];
-    for (int32_t i = 0; i < n; ++i) {
-      double* p = coords + 2 * i;
+    skew_plane plane;
+    if (n < 1 || !open(sphere, parms, doubles, local, &plane)) return 0;
+    double cr = plane.cr, sr = plane.sr, uc = plane.k[kUc];
+    for (double* p = coords; p < coords + 2 * n; p += 2) {
       double v, u;
-      core_forward(sphere[1], k, p[0], p[1], &v, &u);
+      core_forward(sphere[1], plane.k, p[0], p[1], &v, &u);
       if (from_centre) u = u - uc;
       p[0] = v * cr + u * sr;
       p[1] = u * cr - v * sr;
@@ -261,19 +274,14 @@ struct oblique_row {
 
   static int32_t inverse(const double* sphere, const double* parms, int32_t n, double* coords,
                          const double* doubles) {
-    if (n < 1) return 0;
     double local[kCount];
-    const double* k = run_constants(sphere, parms, doubles, local);
-    if (k == nullptr) return 0;
-    double cr, sr;
-    plane_rotation(parms, k, by_plane, &cr, &sr);
-    double uc = k[kUc];
-    for (int32_t i = 0; i < n; ++i) {
-      double* p = coords + 2 * i;
-      double x = p[0], y = p[1];
-      double v = x * cr - y * sr, u = y * cr + x * sr;
+    skew_plane plane;
+    if (n < 1 || !open(sphere, parms, doubles, local, &plane)) return 0;
+    double cr = plane.cr, sr = plane.sr, uc = plane.k[kUc];
+    for (double* p = coords; p < coords + 2 * n; p += 2) {
+      double v = p[0] * cr - p[1] * sr, u = p[1] * cr + p[0] * sr;
       if (from_centre) u = u + uc;
-      core_inverse(sphere[1], k, v, u, p, p + 1);
+      core_inverse(sphere[1], plane.k, v, u, p, p + 1);
     }
     return n;
   }
@@ -290,25 +298,24 @@ struct oblique_row {
 
 }  // namespace
 
-#define GX_OBLIQUE_MERCATOR_DEFINE(name, setup, from_centre, by_plane)                         \
-  int32_t gx_##name##_forward(const double* sphere, double* parms, int32_t n, double* coords, \
-                              const int32_t*, const double* doubles) {                        \
-    return oblique_row<setup, from_centre, by_plane>::forward(sphere, parms, n, coords,       \
-                                                              doubles);                       \
-  }                                                                                           \
-  int32_t gx_##name##_inverse(const double* sphere, double* parms, int32_t n, double* coords, \
-                              const int32_t*, const double* doubles) {                        \
-    return oblique_row<setup, from_centre, by_plane>::inverse(sphere, parms, n, coords,       \
-                                                              doubles);                       \
-  }                                                                                           \
-  int32_t gx_##name##_constants(gx_constants* block, const double* sphere,                   \
-                                const double* parms) {                                        \
-    return oblique_row<setup, from_centre, by_plane>::constants(block, sphere, parms);        \
+#define GX_OBLIQUE_MERCATOR_DEFINE(name, setup, from_centre, by_plane)                            \
+  int32_t gx_##name##_forward(const double* sphere, double* parms, int32_t n, double* coords,     \
+                              const int32_t*, const double* doubles) {                            \
+    return oblique_row<setup, from_centre, by_plane>::forward(sphere, parms, n, coords, doubles); \
+  }                                                                                               \
+  int32_t gx_##name##_inverse(const double* sphere, double* parms, int32_t n, double* coords,     \
+                              const int32_t*, const double* doubles) {                            \
+    return oblique_row<setup, from_centre, by_plane>::inverse(sphere, parms, n, coords, doubles); \
+  }                                                                                               \
+  int32_t gx_##name##_constants(gx_constants* block, const double* sphere, const double* parms) { \
+    return oblique_row<setup, from_centre, by_plane>::constants(block, sphere, parms);            \
   }
 
-GX_OBLIQUE_MERCATOR_DEFINE(hotine_oblique_mercator_azimuth_natural_origin, azimuth_setup, false, false)
+GX_OBLIQUE_MERCATOR_DEFINE(hotine_oblique_mercator_azimuth_natural_origin, azimuth_setup, false,
+                           false)
 GX_OBLIQUE_MERCATOR_DEFINE(hotine_oblique_mercator_azimuth_center, azimuth_setup, true, false)
-GX_OBLIQUE_MERCATOR_DEFINE(hotine_oblique_mercator_two_point_natural_origin, two_point_setup, false, false)
+GX_OBLIQUE_MERCATOR_DEFINE(hotine_oblique_mercator_two_point_natural_origin, two_point_setup, false,
+                           false)
 GX_OBLIQUE_MERCATOR_DEFINE(hotine_oblique_mercator_two_point_center, two_point_setup, true, false)
 GX_OBLIQUE_MERCATOR_DEFINE(rectified_skew_orthomorphic_natural_origin, azimuth_setup, false, true)
 GX_OBLIQUE_MERCATOR_DEFINE(rectified_skew_orthomorphic_center, azimuth_setup, true, true)

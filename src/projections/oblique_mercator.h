@@ -11,11 +11,11 @@
 
 #include "gx_projections.h"
 
-#define GX_OBLIQUE_MERCATOR_DECLARE(name)                                                        \
-  int32_t gx_##name##_forward(const double* sphere, double* parms, int32_t n, double* coords,   \
-                              const int32_t* ints, const double* doubles);                      \
-  int32_t gx_##name##_inverse(const double* sphere, double* parms, int32_t n, double* coords,   \
-                              const int32_t* ints, const double* doubles);                      \
+#define GX_OBLIQUE_MERCATOR_DECLARE(name)                                                     \
+  int32_t gx_##name##_forward(const double* sphere, double* parms, int32_t n, double* coords, \
+                              const int32_t* ints, const double* doubles);                    \
+  int32_t gx_##name##_inverse(const double* sphere, double* parms, int32_t n, double* coords, \
+                              const int32_t* ints, const double* doubles);                    \
   int32_t gx_##name##_constants(gx_constants* block, const double* sphere, const double* parms);
 
 // Rotated by the azimuth of the central line at its centre.

@@ -8,16 +8,24 @@
 #include <cmath>
 
 #include "projections/conic.h"
-#include "projections/setup.h"
 
 namespace {
 
 // Constants: on the sphere the origin term a * phi0; on the ellipsoid M(phi0),
 // the four coefficients of dM/dphi / a = k0 - k2 cos 2phi + k4 cos 4phi
 // - k6 cos 6phi, the rectifying radius and the rectifying table.
-enum : int { kOrigin, kArcDerivative0, kArcDerivative2, kArcDerivative4, kArcDerivative6, kRect, kTable };
+enum : int {
+  kOrigin,
+  kArcDerivative0,
+  kArcDerivative2,
+  kArcDerivative4,
+  kArcDerivative6,
+  kRect,
+  kTable
+};
 constexpr int kSphereCount = 1;
 constexpr int kEllipsoidCount = kTable + GX_TABLE_ROOM;
+static_assert(kEllipsoidCount <= GX_CONIC_LAYOUT_ROOM);
 
 // Newton's iteration: its cap, and from which pass a near miss is accepted.
 constexpr int kMaxPasses = 500;
@@ -46,7 +54,9 @@ double meridian_arc(double e2, double p, const double* k) {
   return gx_phi_to_mu_c(e2, p, k + kTable) * k[kRect];
 }
 
-void sphere_forward(double a, const double* parms, int32_t count, double* coords) {
+int32_t sphere_forward(const double* sphere, const double* parms, const double* k, int32_t count,
+                       double* coords) {
+  double a = sphere[0];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
   for (int32_t i = 0; i < count; ++i) {
     double* p = coords + 2 * i;
@@ -63,10 +73,11 @@ void sphere_forward(double a, const double* parms, int32_t count, double* coords
       p[1] = ((phi - phi0) + ct * (1 - std::cos(E))) * a;
     }
   }
+  return count;
 }
 
-void ellipsoid_forward(const double* sphere, const double* parms, const double* k, int32_t count,
-                       double* coords) {
+int32_t ellipsoid_forward(const double* sphere, const double* parms, const double* k, int32_t count,
+                          double* coords) {
   double a = sphere[0], e2 = sphere[1];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], M0 = k[kOrigin];
   for (int32_t i = 0; i < count; ++i) {
@@ -85,6 +96,7 @@ void ellipsoid_forward(const double* sphere, const double* parms, const double* 
       p[1] = (meridian_arc(e2, phi, k) - M0) + ct * (1 - std::cos(E)) * N;
     }
   }
+  return count;
 }
 
 // One Newton step towards the root of the polyconic equation in phi, for
@@ -100,9 +112,9 @@ double ellipsoid_step(double phi, double A, double B, double a, double e2, const
   double Mp = k[kArcDerivative0] - k[kArcDerivative2] * std::cos(2 * phi) +
               k[kArcDerivative4] * std::cos(4 * phi) - k[kArcDerivative6] * std::cos(6 * phi);
   double s2 = std::sin(2 * phi);
-  return phi - (A * (Ma * C + 1) - Ma - (Ma * Ma + B) * C * 0.5) /
-                   (e2 * s2 * (Ma * Ma + B - 2 * Ma * A) / (4 * C) + (C * Mp - 2 / s2) * (A - Ma) -
-                    Mp);
+  return phi -
+         (A * (Ma * C + 1) - Ma - (Ma * Ma + B) * C * 0.5) /
+             (e2 * s2 * (Ma * Ma + B - 2 * Ma * A) / (4 * C) + (C * Mp - 2 / s2) * (A - Ma) - Mp);
 }
 
 // A step is kept within a turn and folded back into [-pi/2, pi/2].  The
@@ -168,24 +180,14 @@ int32_t inverse(const double* sphere, const double* parms, const double* k, int3
 
 int32_t gx_polyconic_forward(const double* sphere, double* parms, int32_t n, double* coords,
                              const int32_t* ints, const double* doubles) {
-  if (n < 1) return 0;
-  if (gx_is_sphere(sphere)) {
-    sphere_forward(sphere[0], parms, n, coords);
-    return n;
-  }
-  double local[kEllipsoidCount];
-  const double* k = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_FORWARD);
-  ellipsoid_forward(sphere, parms, k, n, coords);
-  return n;
+  return gx_conic_run(sphere, parms, n, coords, doubles, setup, GX_SERIES_FORWARD,
+                      gx_is_sphere(sphere) ? sphere_forward : ellipsoid_forward);
 }
 
 // The inverse needs M only forward: the arc to the iterate.
 int32_t gx_polyconic_inverse(const double* sphere, double* parms, int32_t n, double* coords,
                              const int32_t* ints, const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  const double* k = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_FORWARD);
-  return inverse(sphere, parms, k, n, coords);
+  return gx_conic_run(sphere, parms, n, coords, doubles, setup, GX_SERIES_FORWARD, inverse);
 }
 
 int32_t gx_polyconic_constants(gx_constants* block, const double* sphere, const double* parms) {

@@ -9,63 +9,29 @@
 #include "projections/conic.h"
 #include "projections/cylindrical.h"
 #include "projections/ellipsoids.h"
-#include "projections/projection_cases.h"
+#include "projections/projection_calls.h"
 
 namespace gx_test {
 namespace {
 
-constexpr int kCm = GX_PARM_CENTRAL_MERIDIAN;
-constexpr int kSp1 = GX_PARM_STANDARD_PARALLEL_1;
-constexpr int kSp2 = GX_PARM_STANDARD_PARALLEL_2;
-constexpr int kK0 = GX_PARM_SCALE_FACTOR;
-constexpr int kLo = GX_PARM_LATITUDE_OF_ORIGIN;
-constexpr int kAz = GX_PARM_AZIMUTH;
-constexpr int kLonC = GX_PARM_LONGITUDE_OF_CENTER;
-constexpr int kLatC = GX_PARM_LATITUDE_OF_CENTER;
-constexpr int kXScale = GX_PARM_X_SCALE;
-constexpr int kYScale = GX_PARM_Y_SCALE;
-constexpr int kRotation = GX_PARM_XY_PLANE_ROTATION;
-
-const double kWgs84[2] = {kWgs84A, kWgs84E2};
-const double kSphere[2] = {kSphereR, 0.0};
-
-struct Vector {
-  double v[GX_PARM_COUNT];
-  explicit Vector(const std::vector<Parameter>& given) { build_parms(given, v); }
-};
-
-// Runs fn over a copy of `coords`, on the set-up route unless `doubles` is
-// given; the count it returns goes to *result when asked.
-std::vector<double> run(gx_projection_fn fn, const double* sphere, const Vector& parms,
-                        std::vector<double> coords, int32_t* result = nullptr,
-                        const double* doubles = nullptr) {
-  Vector local = parms;
-  int32_t r = fn(sphere, local.v, static_cast<int32_t>(coords.size() / 2), coords.data(),
-                 nullptr, doubles);
-  if (result != nullptr) *result = r;
-  return coords;
-}
-
-std::vector<double> degrees(std::initializer_list<double> values) {
-  std::vector<double> out;
-  for (double v : values) out.push_back(v * kDeg);
-  return out;
-}
-
-const std::vector<Parameter> kKrovakEpsg = {{kLonC, 24.833333333333333}, {kLatC, 49.5},
-                                            {kSp1, 78.5}, {kK0, 0.9999}, {kAz, -30.28813975277778}};
+const std::vector<Parameter> kKrovakEpsg = {{kLonC, 24.833333333333333},
+                                            {kLatC, 49.5},
+                                            {kSp1, 78.5},
+                                            {kK0, 0.9999},
+                                            {kAz, -30.28813975277778}};
 
 // ---- Lambert conformal conic ---------------------------------------------
 
 TEST(LambertConformalConic, OneParallelOnAPoleIsRefused) {
   Vector parms({{kSp1, 90}, {kSp2, 45}});
   const std::vector<double> points = degrees({10, 50, -20, 60});
-  for (gx_projection_fn fn : {gx_lambert_conformal_conic_forward, gx_lambert_conformal_conic_inverse}) {
+  for (gx_projection_fn fn :
+       {gx_lambert_conformal_conic_forward, gx_lambert_conformal_conic_inverse}) {
     int32_t result = -1;
-    EXPECT_TRUE(same_bits(run(fn, kWgs84, parms, points, &result), points));
+    EXPECT_TRUE(same_bits(run(fn, kWgs84Pair, parms, points, &result), points));
     EXPECT_EQ(result, 0);
   }
-  LoadedConstants block(gx_lambert_conformal_conic_constants, kWgs84, parms.v);
+  LoadedConstants block(gx_lambert_conformal_conic_constants, kWgs84Pair, parms.v);
   EXPECT_EQ(block.count(), 0);
   EXPECT_EQ(block.doubles(), nullptr);
 }
@@ -74,11 +40,11 @@ TEST(LambertConformalConic, OneParallelOnAPoleIsRefused) {
 TEST(LambertConformalConic, EquatorialParallelsAreAScaledMercator) {
   Vector parms({{kCm, 10}, {kSp1, 0}, {kSp2, 0}, {kK0, 0.5}});
   const std::vector<double> points = degrees({10, 0, 50, 60, -100, -80});
-  std::vector<double> lambert = run(gx_lambert_conformal_conic_forward, kWgs84, parms, points);
-  std::vector<double> mercator = run(gx_mercator_forward, kWgs84, parms, points);
+  std::vector<double> lambert = run(gx_lambert_conformal_conic_forward, kWgs84Pair, parms, points);
+  std::vector<double> mercator = run(gx_mercator_forward, kWgs84Pair, parms, points);
   for (double& v : mercator) v *= 0.5;
   EXPECT_TRUE(same_bits(lambert, mercator));
-  std::vector<double> back = run(gx_lambert_conformal_conic_inverse, kWgs84, parms, lambert);
+  std::vector<double> back = run(gx_lambert_conformal_conic_inverse, kWgs84Pair, parms, lambert);
   for (size_t i = 0; i < points.size(); ++i) EXPECT_NEAR(back[i], points[i], 1e-14);
 }
 
@@ -87,7 +53,7 @@ TEST(LambertConformalConic, EquatorialParallelsAreAScaledMercator) {
 // latitude allows: about 8 mm for this cone.
 TEST(LambertConformalConic, PolesOfTheCone) {
   Vector parms({{kCm, -96}, {kSp1, 33}, {kSp2, 45}, {kLo, 23}});
-  for (const double* sphere : {kWgs84, kSphere}) {
+  for (const double* sphere : {kWgs84Pair, kSpherePair}) {
     std::vector<double> xy = run(gx_lambert_conformal_conic_forward, sphere, parms,
                                  degrees({-96, -90, -96, 90, -96, 95}));
     EXPECT_TRUE(std::isfinite(xy[1]));
@@ -105,7 +71,7 @@ TEST(LambertConformalConic, PolesOfTheCone) {
 // At the apex rho is 0: the sine of the latitude comes out as C / n / qp and
 // is clamped to the pole; the longitude is the central meridian.
 TEST(Albers, InverseAtTheApexIsThePole) {
-  for (const double* sphere : {kWgs84, kSphere}) {
+  for (const double* sphere : {kWgs84Pair, kSpherePair}) {
     for (double sign : {1.0, -1.0}) {
       Vector parms({{kCm, -96}, {kSp1, 29.5 * sign}, {kSp2, 45.5 * sign}, {kLo, 23 * sign}});
       LoadedConstants block(gx_albers_constants, sphere, parms.v);
@@ -122,7 +88,7 @@ TEST(Albers, InverseAtTheApexIsThePole) {
 // longitude is x / a.
 TEST(Polyconic, InverseOnTheEquatorNeedsNoIteration) {
   Vector parms({{kCm, 10}, {kLo, 0}});
-  for (const double* sphere : {kWgs84, kSphere}) {
+  for (const double* sphere : {kWgs84Pair, kSpherePair}) {
     std::vector<double> ll = run(gx_polyconic_inverse, sphere, parms, {1000000.0, 0.0});
     EXPECT_EQ(ll[1], 0.0);
     EXPECT_NEAR(ll[0], 1000000.0 / sphere[0] + 10 * kDeg, 1e-15);
@@ -134,7 +100,7 @@ TEST(Polyconic, InverseOnTheEquatorNeedsNoIteration) {
 // points before it already converted.
 TEST(Polyconic, UnsettledPointFailsTheRunHalfWay) {
   Vector parms({{kCm, 10}, {kLo, 30}});
-  for (const double* sphere : {kWgs84, kSphere}) {
+  for (const double* sphere : {kWgs84Pair, kSpherePair}) {
     int32_t result = -1;
     std::vector<double> ll = run(gx_polyconic_inverse, sphere, parms,
                                  {100000.0, 100000.0, std::nan(""), 1.0, 5.0, 6.0}, &result);
@@ -149,11 +115,11 @@ TEST(Polyconic, UnsettledPointFailsTheRunHalfWay) {
 // The poles and the equator take their own rows of the forward.
 TEST(Polyconic, PolesAndEquator) {
   Vector parms({{kCm, 10}, {kLo, 30}});
-  for (const double* sphere : {kWgs84, kSphere}) {
+  for (const double* sphere : {kWgs84Pair, kSpherePair}) {
     std::vector<double> xy = run(gx_polyconic_forward, sphere, parms, degrees({70, 90, 40, 0}));
     EXPECT_EQ(xy[0], 0.0);
-    EXPECT_NEAR(xy[1], gx_q(sphere[0], sphere[1], GX_HALFPI) - gx_q(sphere[0], sphere[1], 30 * kDeg),
-                1e-6);
+    EXPECT_NEAR(
+        xy[1], gx_q(sphere[0], sphere[1], GX_HALFPI) - gx_q(sphere[0], sphere[1], 30 * kDeg), 1e-6);
     EXPECT_NEAR(xy[2], 30 * kDeg * sphere[0], 1e-6);
     EXPECT_NEAR(xy[3], -gx_q(sphere[0], sphere[1], 30 * kDeg), 1e-6);
     // The terms of the polyconic equation grow as tan(phi) towards the pole
@@ -172,10 +138,10 @@ TEST(Krovak, ZeroPseudoStandardParallelIsRefused) {
   const std::vector<double> points = degrees({20, 50});
   for (gx_projection_fn fn : {gx_krovak_forward, gx_krovak_inverse}) {
     int32_t result = -1;
-    EXPECT_TRUE(same_bits(run(fn, kWgs84, parms, points, &result), points));
+    EXPECT_TRUE(same_bits(run(fn, kWgs84Pair, parms, points, &result), points));
     EXPECT_EQ(result, 0);
   }
-  LoadedConstants block(gx_krovak_constants, kWgs84, parms.v);
+  LoadedConstants block(gx_krovak_constants, kWgs84Pair, parms.v);
   EXPECT_EQ(block.count(), 0);
 }
 
@@ -185,13 +151,14 @@ TEST(Krovak, PointsBeyondTheGaussianSphereAreNotCounted) {
   Vector parms(kKrovakEpsg);
   const double bessel[2] = {kBesselA, kBesselE2};
   int32_t result = -1;
-  std::vector<double> xy = run(gx_krovak_forward, bessel, parms,
-                               degrees({16.85, 50.2, 24.833333333333333 + 179.95, 50, 12, 48}), &result);
+  std::vector<double> xy =
+      run(gx_krovak_forward, bessel, parms,
+          degrees({16.85, 50.2, 24.833333333333333 + 179.95, 50, 12, 48}), &result);
   EXPECT_EQ(result, 2);
   EXPECT_TRUE(std::isnan(xy[2]) && std::isnan(xy[3]));
   EXPECT_TRUE(std::isfinite(xy[4]));
   // A sphere has no such limit.
-  run(gx_krovak_forward, kSphere, parms, degrees({24.833333333333333 + 179.95, 50}), &result);
+  run(gx_krovak_forward, kSpherePair, parms, degrees({24.833333333333333 + 179.95, 50}), &result);
   EXPECT_EQ(result, 1);
 }
 
@@ -219,7 +186,8 @@ TEST(Krovak, TinyRotationTakesTheShortPathInTheInverseOnly) {
   EXPECT_TRUE(same_bits(run(gx_krovak_inverse, bessel, Vector(tiny), xy),
                         run(gx_krovak_inverse, bessel, Vector(kKrovakEpsg), xy)));
   std::vector<double> a = run(gx_krovak_forward, bessel, Vector(tiny), degrees({16.85, 50.2}));
-  std::vector<double> b = run(gx_krovak_forward, bessel, Vector(kKrovakEpsg), degrees({16.85, 50.2}));
+  std::vector<double> b =
+      run(gx_krovak_forward, bessel, Vector(kKrovakEpsg), degrees({16.85, 50.2}));
   EXPECT_NE(a[1], b[1]);
   EXPECT_NEAR(a[1], b[1], 1e-9);
 }
@@ -237,9 +205,21 @@ struct Layout {
 // functions read.
 const Layout kLayouts[] = {
     {"Lambert", gx_lambert_conformal_conic_constants, {{kSp1, 33}, {kSp2, 45}}, 3, 21},
-    {"LambertOnePoleParallel", gx_lambert_conformal_conic_constants, {{kSp1, 90}, {kSp2, 45}}, 0, 0},
-    {"LambertMirroredIsMercator", gx_lambert_conformal_conic_constants, {{kSp1, 30}, {kSp2, -30}}, 2, 20},
-    {"LambertPolarIsStereographic", gx_lambert_conformal_conic_constants, {{kSp1, -90}, {kSp2, -90}}, 3, 25},
+    {"LambertOnePoleParallel",
+     gx_lambert_conformal_conic_constants,
+     {{kSp1, 90}, {kSp2, 45}},
+     0,
+     0},
+    {"LambertMirroredIsMercator",
+     gx_lambert_conformal_conic_constants,
+     {{kSp1, 30}, {kSp2, -30}},
+     2,
+     20},
+    {"LambertPolarIsStereographic",
+     gx_lambert_conformal_conic_constants,
+     {{kSp1, -90}, {kSp2, -90}},
+     3,
+     25},
     {"Albers", gx_albers_constants, {{kSp1, 29.5}, {kSp2, 45.5}}, 3, 22},
     {"AlbersMirroredIsCylindricalEqualArea", gx_albers_constants, {{kSp1, 30}, {kSp2, -30}}, 2, 8},
     {"EquidistantConic", gx_equidistant_conic_constants, {{kSp1, 29.5}, {kSp2, 45.5}}, 3, 22},
@@ -252,8 +232,8 @@ const Layout kLayouts[] = {
 TEST(ConicLayouts, LoadersKeepTheirCounts) {
   for (const Layout& l : kLayouts) {
     Vector parms(l.parameters);
-    LoadedConstants sphere(l.loader, kSphere, parms.v);
-    LoadedConstants ellipsoid(l.loader, kWgs84, parms.v);
+    LoadedConstants sphere(l.loader, kSpherePair, parms.v);
+    LoadedConstants ellipsoid(l.loader, kWgs84Pair, parms.v);
     EXPECT_EQ(sphere.count(), l.sphere_count) << l.label;
     EXPECT_EQ(ellipsoid.count(), l.ellipsoid_count) << l.label;
   }
@@ -272,15 +252,25 @@ struct Family {
 // (1 - e) / (1 + e) by e, which keeps only 10 digits for e of 1e-6.
 TEST(ConicFamily, SphereIsTheLimitOfTheEllipsoid) {
   const Family families[] = {
-      {"Lambert", gx_lambert_conformal_conic_forward, {{kCm, 10}, {kSp1, 20}, {kSp2, 60}, {kLo, 40}, {kK0, 0.99}},
+      {"Lambert",
+       gx_lambert_conformal_conic_forward,
+       {{kCm, 10}, {kSp1, 20}, {kSp2, 60}, {kLo, 40}, {kK0, 0.99}},
        {10, 40, -20, 70, 50, 10}},
-      {"Albers", gx_albers_forward, {{kCm, 10}, {kSp1, -20}, {kSp2, -60}, {kLo, -40}},
+      {"Albers",
+       gx_albers_forward,
+       {{kCm, 10}, {kSp1, -20}, {kSp2, -60}, {kLo, -40}},
        {10, -40, -20, -70, 50, -10}},
-      {"AlbersMirrored", gx_albers_forward, {{kCm, 10}, {kSp1, 30}, {kSp2, -30}, {kLo, 5}},
+      {"AlbersMirrored",
+       gx_albers_forward,
+       {{kCm, 10}, {kSp1, 30}, {kSp2, -30}, {kLo, 5}},
        {10, -40, -20, -70, 50, -10}},
-      {"EquidistantConic", gx_equidistant_conic_forward, {{kCm, 10}, {kSp1, 20}, {kSp2, 60}, {kLo, 40}},
+      {"EquidistantConic",
+       gx_equidistant_conic_forward,
+       {{kCm, 10}, {kSp1, 20}, {kSp2, 60}, {kLo, 40}},
        {10, 40, -20, 70, 50, 10}},
-      {"EquidistantConicMirrored", gx_equidistant_conic_forward, {{kCm, 10}, {kSp1, 20}, {kSp2, -20}, {kLo, 40}},
+      {"EquidistantConicMirrored",
+       gx_equidistant_conic_forward,
+       {{kCm, 10}, {kSp1, 20}, {kSp2, -20}, {kLo, 40}},
        {10, 40, -20, 70, 50, 10}},
       {"Polyconic", gx_polyconic_forward, {{kCm, 10}, {kLo, 40}}, {10, 40, -20, 70, 50, 10}},
       {"Bonne", gx_bonne_forward, {{kCm, 10}, {kSp1, 40}}, {10, 40, -20, 70, 50, 10}},
@@ -292,7 +282,7 @@ TEST(ConicFamily, SphereIsTheLimitOfTheEllipsoid) {
     Vector parms(f.parameters);
     std::vector<double> points;
     for (double v : f.points) points.push_back(v * kDeg);
-    std::vector<double> a = run(f.forward, kSphere, parms, points);
+    std::vector<double> a = run(f.forward, kSpherePair, parms, points);
     std::vector<double> b = run(f.forward, near_sphere, parms, points);
     for (size_t i = 0; i < a.size(); ++i) EXPECT_NEAR(a[i], b[i], 1e-3) << f.label << " " << i;
   }

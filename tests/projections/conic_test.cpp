@@ -24,7 +24,7 @@
 #include "projections/conic.h"
 #include "projections/cylindrical.h"
 #include "projections/ellipsoids.h"
-#include "projections/projection_cases.h"
+#include "projections/projection_calls.h"
 
 namespace gx_test {
 namespace {
@@ -41,18 +41,6 @@ const Projection kPolyconic = {"Polyconic", gx_polyconic_forward, gx_polyconic_i
 const Projection kBonne = {"Bonne", gx_bonne_forward, gx_bonne_inverse, gx_bonne_constants};
 const Projection kKrovak = {"Krovak", gx_krovak_forward, gx_krovak_inverse, gx_krovak_constants};
 
-constexpr int kCm = GX_PARM_CENTRAL_MERIDIAN;
-constexpr int kSp1 = GX_PARM_STANDARD_PARALLEL_1;
-constexpr int kSp2 = GX_PARM_STANDARD_PARALLEL_2;
-constexpr int kK0 = GX_PARM_SCALE_FACTOR;
-constexpr int kLo = GX_PARM_LATITUDE_OF_ORIGIN;
-constexpr int kAz = GX_PARM_AZIMUTH;
-constexpr int kLonC = GX_PARM_LONGITUDE_OF_CENTER;
-constexpr int kLatC = GX_PARM_LATITUDE_OF_CENTER;
-constexpr int kXScale = GX_PARM_X_SCALE;
-constexpr int kYScale = GX_PARM_Y_SCALE;
-constexpr int kRotation = GX_PARM_XY_PLANE_ROTATION;
-
 // Metres of agreement with PROJ, degrees of the inverse and of round trips.
 constexpr double kMicrometre = 1e-6;
 constexpr double kArcTolerance = 1e-5;
@@ -63,7 +51,8 @@ const ProjectionCase kCases[] = {
     // EPSG 7-2, NAD27 / Texas South Central: E = 2 963 503.91 ftUS,
     // N = 254 759.80 ftUS with a false easting of 2 000 000 ftUS.
     {"LambertTexasSouthCentral", kLambert, kClarke1866A, kClarke1866E2,
-     {{kCm, -99}, {kSp1, 28.383333333333333}, {kSp2, 30.283333333333333}, {kLo, 27.833333333333333}},
+     {{kCm, -99}, {kSp1, 28.383333333333333}, {kSp2, 30.283333333333333},
+      {kLo, 27.833333333333333}},
      {{-96, 28.5, 293676.579980, 77650.942539},
       {-99, 27.833333333333332, 0.0, 0.0},
       {-101.5, 31.2, -238341.556438, 375714.671080},

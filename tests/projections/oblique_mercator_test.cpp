@@ -19,7 +19,7 @@
 #include "geodesy/ellipsoid.h"
 #include "projections/ellipsoids.h"
 #include "projections/oblique_mercator.h"
-#include "projections/projection_cases.h"
+#include "projections/projection_calls.h"
 
 namespace gx_test {
 namespace {
@@ -35,22 +35,13 @@ GX_OBLIQUE_PROJECTION(kRsoNatural, rectified_skew_orthomorphic_natural_origin);
 GX_OBLIQUE_PROJECTION(kRsoCenter, rectified_skew_orthomorphic_center);
 #undef GX_OBLIQUE_PROJECTION
 
-constexpr int kK0 = GX_PARM_SCALE_FACTOR;
-constexpr int kAz = GX_PARM_AZIMUTH;
-constexpr int kLonC = GX_PARM_LONGITUDE_OF_CENTER;
-constexpr int kLatC = GX_PARM_LATITUDE_OF_CENTER;
-constexpr int kRotation = GX_PARM_XY_PLANE_ROTATION;
-constexpr int kLat1 = GX_PARM_STANDARD_PARALLEL_1;
-constexpr int kLat2 = GX_PARM_STANDARD_PARALLEL_2;
-constexpr int kLon1 = GX_PARM_LONGITUDE_OF_1ST_POINT;
-constexpr int kLon2 = GX_PARM_LONGITUDE_OF_2ND_POINT;
-
 constexpr double kMicrometre = 1e-6;
 constexpr double kInverseDeg = 1e-10;
 constexpr double kTripDeg = 1e-11;
 
 const std::vector<Parameter> kBorneo = {
-    {kLatC, 4}, {kLonC, 115}, {kAz, 53.31582047222222}, {kRotation, 53.13010236111111}, {kK0, 0.99984}};
+    {kLatC, 4}, {kLonC, 115}, {kAz, 53.31582047222222}, {kRotation, 53.13010236111111},
+    {kK0, 0.99984}};
 const std::vector<Parameter> kTwoPoints = {
     {kLatC, 45}, {kLat1, 40}, {kLon1, -100}, {kLat2, 50}, {kLon2, -80}};
 
@@ -127,32 +118,6 @@ const ProjectionCase kCases[] = {
 INSTANTIATE_TEST_SUITE_P(ObliqueMercator, ProjectionCaseTest, ::testing::ValuesIn(kCases),
                          case_name);
 
-// A parameter vector in radians, as the driver would hand it over.
-struct Vector {
-  double v[GX_PARM_COUNT];
-  explicit Vector(const std::vector<Parameter>& given) { build_parms(given, v); }
-};
-
-// Runs fn on a copy of `coords` with the set-up route; the result count goes
-// to *result when asked.
-std::vector<double> run(gx_projection_fn fn, const double* sphere, const Vector& parms,
-                        std::vector<double> coords, int32_t* result = nullptr) {
-  Vector local = parms;
-  int32_t r = fn(sphere, local.v, static_cast<int32_t>(coords.size() / 2), coords.data(),
-                 nullptr, nullptr);
-  if (result != nullptr) *result = r;
-  return coords;
-}
-
-std::vector<double> degrees(std::initializer_list<double> values) {
-  std::vector<double> out;
-  for (double v : values) out.push_back(v * kDeg);
-  return out;
-}
-
-const double kWgs84[2] = {kWgs84A, kWgs84E2};
-const double kSphere[2] = {kSphereR, 0.0};
-
 // With the line running east-west through the centre, the centre is the
 // line's vertex, where asin(g) meets 1 and is steep: this set-up clamps g and
 // puts the centre exactly on the origin, while PROJ, whose g falls short of 1
@@ -160,11 +125,11 @@ const double kSphere[2] = {kSphereR, 0.0};
 TEST(ObliqueMercator, EastWestCentreIsTheOrigin) {
   Vector parms({{kLatC, 46.95}, {kLonC, 7.44}, {kAz, 90}});
   std::vector<double> xy =
-      run(kHotineAzimuthCenter.forward, kWgs84, parms, degrees({7.44, 46.95}));
+      run(kHotineAzimuthCenter.forward, kWgs84Pair, parms, degrees({7.44, 46.95}));
   EXPECT_NEAR(xy[0], 0.0, 1e-8);
   EXPECT_NEAR(xy[1], 0.0, 1e-8);
   // East of the centre along the line is +x, north of it +y.
-  xy = run(kHotineAzimuthCenter.forward, kWgs84, parms, degrees({10.5, 46.95, 7.44, 47.5}));
+  xy = run(kHotineAzimuthCenter.forward, kWgs84Pair, parms, degrees({10.5, 46.95, 7.44, 47.5}));
   EXPECT_GT(xy[0], 200000.0);
   EXPECT_GT(xy[3], 60000.0);
 }
@@ -174,8 +139,8 @@ TEST(ObliqueMercator, EastWestCentreIsTheOrigin) {
 TEST(ObliqueMercator, TwoPointNaturalOriginIsTheCentreShiftedAlongTheLine) {
   Vector parms(kTwoPoints);
   std::vector<double> points = degrees({-90, 45, -100, 40, -80, 50, -95, 52, -70, 30});
-  std::vector<double> natural = run(kHotineTwoPointNatural.forward, kWgs84, parms, points);
-  std::vector<double> centre = run(kHotineTwoPointCenter.forward, kWgs84, parms, points);
+  std::vector<double> natural = run(kHotineTwoPointNatural.forward, kWgs84Pair, parms, points);
+  std::vector<double> centre = run(kHotineTwoPointCenter.forward, kWgs84Pair, parms, points);
   double dx = natural[0] - centre[0], dy = natural[1] - centre[1];
   EXPECT_GT(std::hypot(dx, dy), 1e6);
   for (size_t i = 2; i < points.size(); i += 2) {
@@ -195,8 +160,8 @@ TEST(ObliqueMercator, CentreOnThePoleIsMovedOffIt) {
   moved.v[kAz] = 0;
   std::vector<double> points = degrees({20, 80, -160, 85, 100, 60});
   for (const Projection* p : {&kHotineAzimuthCenter, &kHotineAzimuthNatural}) {
-    std::vector<double> a = run(p->forward, kWgs84, on_pole, points);
-    std::vector<double> b = run(p->forward, kWgs84, moved, points);
+    std::vector<double> a = run(p->forward, kWgs84Pair, on_pole, points);
+    std::vector<double> b = run(p->forward, kWgs84Pair, moved, points);
     EXPECT_TRUE(same_bits(a, b)) << p->name;
     for (double v : a) EXPECT_TRUE(std::isfinite(v)) << p->name;
   }
@@ -205,9 +170,9 @@ TEST(ObliqueMercator, CentreOnThePoleIsMovedOffIt) {
 // The line's azimuth is taken northward: 100 degrees is -80.
 TEST(ObliqueMercator, AzimuthIsFoldedNorthward) {
   std::vector<double> points = degrees({10, 40, 14, 43, 5, 35});
-  std::vector<double> a = run(kHotineAzimuthCenter.forward, kWgs84,
+  std::vector<double> a = run(kHotineAzimuthCenter.forward, kWgs84Pair,
                               Vector({{kLatC, 40}, {kLonC, 10}, {kAz, 100}}), points);
-  std::vector<double> b = run(kHotineAzimuthCenter.forward, kWgs84,
+  std::vector<double> b = run(kHotineAzimuthCenter.forward, kWgs84Pair,
                               Vector({{kLatC, 40}, {kLonC, 10}, {kAz, -80}}), points);
   for (size_t i = 0; i < a.size(); ++i) EXPECT_NEAR(a[i], b[i], 1e-8);
 }
@@ -215,7 +180,8 @@ TEST(ObliqueMercator, AzimuthIsFoldedNorthward) {
 // XY_Plane_Rotation of 720 degrees asks for the azimuth's rotation; without
 // the parameter (slot 14 reads 0) the skew plane is not turned at all.
 TEST(ObliqueMercator, RectifiedRotationSentinelAndNoRotation) {
-  std::vector<Parameter> given = {{kLatC, 4}, {kLonC, 115}, {kAz, 53.31582047222222}, {kK0, 0.99984}};
+  std::vector<Parameter> given = {
+      {kLatC, 4}, {kLonC, 115}, {kAz, 53.31582047222222}, {kK0, 0.99984}};
   std::vector<double> points = degrees({115.8, 5.4, 109.5, 1.2, 119.3, 7.1});
   const double everest[2] = {kEverest1967A, kEverest1967E2};
   std::vector<Parameter> sentinel = given;
@@ -240,14 +206,14 @@ TEST(ObliqueMercator, RectifiedRotationSentinelAndNoRotation) {
 // meridian.
 TEST(ObliqueMercator, InverseAtQpOfOneIsThePole) {
   Vector parms({{kLatC, 0}, {kLonC, 30}, {kAz, 0}});
-  LoadedConstants block(kRsoNatural.loader, kWgs84, parms.v);
+  LoadedConstants block(kRsoNatural.loader, kWgs84Pair, parms.v);
   ASSERT_EQ(block.count(), 29);
   const double Ak = block.doubles()[9], rAk = block.doubles()[10];
   double u = GX_HALFPI * Ak;
   while (u * rAk < GX_HALFPI) u = std::nextafter(u, 1e300);
   while (u * rAk > GX_HALFPI) u = std::nextafter(u, 0.0);
   ASSERT_EQ(u * rAk, GX_HALFPI);
-  std::vector<double> ll = run(kRsoNatural.inverse, kWgs84, parms, {0.0, u});
+  std::vector<double> ll = run(kRsoNatural.inverse, kWgs84Pair, parms, {0.0, u});
   EXPECT_EQ(ll[1], GX_HALFPI);
   EXPECT_NEAR(ll[0], 30 * kDeg, 1e-12);
 }
@@ -265,14 +231,14 @@ TEST(ObliqueMercator, TwoPointDefinitionsWithoutALineAreRefused) {
   for (const std::vector<Parameter>& given : refused) {
     Vector parms(given);
     for (const Projection* p : {&kHotineTwoPointCenter, &kHotineTwoPointNatural}) {
-      LoadedConstants block(p->loader, kWgs84, parms.v);
+      LoadedConstants block(p->loader, kWgs84Pair, parms.v);
       EXPECT_EQ(block.count(), 0) << p->name;
       EXPECT_EQ(block.doubles(), nullptr) << p->name;
       int32_t result = -1;
       std::vector<double> points = degrees({-90, 45});
-      EXPECT_TRUE(same_bits(run(p->forward, kWgs84, parms, points, &result), points));
+      EXPECT_TRUE(same_bits(run(p->forward, kWgs84Pair, parms, points, &result), points));
       EXPECT_EQ(result, 0) << p->name;
-      EXPECT_TRUE(same_bits(run(p->inverse, kWgs84, parms, {1000.0, 2000.0}, &result),
+      EXPECT_TRUE(same_bits(run(p->inverse, kWgs84Pair, parms, {1000.0, 2000.0}, &result),
                             std::vector<double>{1000.0, 2000.0}));
       EXPECT_EQ(result, 0) << p->name;
     }
@@ -284,9 +250,9 @@ TEST(ObliqueMercator, TwoPointPoleIsMovedOffIt) {
   Vector parms({{kLatC, 60}, {kLat1, 90}, {kLon1, 0}, {kLat2, 40}, {kLon2, 30}});
   std::vector<double> points = degrees({30, 40, 30, 89.9, 100, 80});
   int32_t result = 0;
-  std::vector<double> xy = run(kHotineTwoPointCenter.forward, kWgs84, parms, points, &result);
+  std::vector<double> xy = run(kHotineTwoPointCenter.forward, kWgs84Pair, parms, points, &result);
   EXPECT_EQ(result, 3);
-  std::vector<double> back = run(kHotineTwoPointCenter.inverse, kWgs84, parms, xy);
+  std::vector<double> back = run(kHotineTwoPointCenter.inverse, kWgs84Pair, parms, xy);
   for (size_t i = 0; i < points.size(); ++i) EXPECT_NEAR(back[i], points[i], 1e-11) << i;
 }
 
@@ -294,7 +260,7 @@ TEST(ObliqueMercator, TwoPointPoleIsMovedOffIt) {
 // rounding; the root of D^2 - 1 must not make a NaN.
 TEST(ObliqueMercator, CentreOnTheEquatorGivesNoNaN) {
   std::vector<double> points = degrees({0, 0, 3, 2, -4, -5});
-  for (const double* sphere : {kWgs84, kSphere}) {
+  for (const double* sphere : {kWgs84Pair, kSpherePair}) {
     Vector parms({{kLatC, 0}, {kLonC, 0}, {kAz, 30}});
     std::vector<double> xy = run(kHotineAzimuthCenter.forward, sphere, parms, points);
     for (double v : xy) EXPECT_TRUE(std::isfinite(v));
@@ -309,7 +275,7 @@ TEST(ObliqueMercator, PoleOfTheLineIsInfinite) {
   Vector parms({{kLatC, 0}, {kLonC, 0}, {kAz, 0}});  // the central line is the meridian 0
   int32_t result = 0;
   std::vector<double> xy =
-      run(kHotineAzimuthNatural.forward, kSphere, parms, degrees({90, 0}), &result);
+      run(kHotineAzimuthNatural.forward, kSpherePair, parms, degrees({90, 0}), &result);
   EXPECT_EQ(result, 1);
   EXPECT_TRUE(std::isinf(xy[0]) || std::fabs(xy[0]) > 1e8);
 }
