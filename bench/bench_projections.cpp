@@ -17,6 +17,8 @@
 #include "projections/azimuthal.h"
 #include "projections/cylindrical.h"
 #include "projections/transverse_mercator.h"
+#include "projections/conic.h"
+#include "projections/oblique_mercator.h"
 #include "projections/world.h"
 
 namespace {
@@ -26,6 +28,8 @@ constexpr int kPoints = 100000;
 constexpr double kWgs84A = 6378137.0;
 constexpr double kWgs84E2 = (2.0 - 1.0 / 298.257223563) / 298.257223563;
 constexpr double kSphereR = 6371000.0;
+constexpr double kBesselA = 6377397.155;
+constexpr double kBesselE2 = (2.0 - 1.0 / 299.1528128) / 299.1528128;
 
 struct Parameter {
   int slot;
@@ -58,6 +62,9 @@ constexpr int kLon2 = GX_PARM_LONGITUDE_OF_2ND_POINT;
 constexpr int kHeight = GX_PARM_HEIGHT;
 constexpr double kBesselA = 6377397.155;
 constexpr double kBesselE2 = (2.0 - 1.0 / 299.1528128) / 299.1528128;
+constexpr int kSp2 = GX_PARM_STANDARD_PARALLEL_2;
+constexpr int kXScale = GX_PARM_X_SCALE;
+constexpr int kRotation = GX_PARM_XY_PLANE_ROTATION;
 
 // A world projection's forward and inverse.
 #define W(name) gx_##name##_forward, gx_##name##_inverse
@@ -339,6 +346,65 @@ const Row kRows[] = {
      15,
      40,
      65},
+    {"Lambert_Conformal_Conic WGS84", gx_lambert_conformal_conic_forward,
+     gx_lambert_conformal_conic_inverse, gx_lambert_conformal_conic_constants, kWgs84A, kWgs84E2,
+     {{kCm, -96 * kDeg}, {kSp1, 33 * kDeg}, {kSp2, 45 * kDeg}, {kPhi0, 23 * kDeg}}, -126, -66, 20,
+     60},
+    {"Lambert_Conformal_Conic sphere", gx_lambert_conformal_conic_forward,
+     gx_lambert_conformal_conic_inverse, gx_lambert_conformal_conic_constants, kSphereR, 0.0,
+     {{kCm, -96 * kDeg}, {kSp1, 33 * kDeg}, {kSp2, 45 * kDeg}, {kPhi0, 23 * kDeg}}, -126, -66, 20,
+     60},
+    {"Albers WGS84", gx_albers_forward, gx_albers_inverse, gx_albers_constants, kWgs84A, kWgs84E2,
+     {{kCm, -96 * kDeg}, {kSp1, 29.5 * kDeg}, {kSp2, 45.5 * kDeg}, {kPhi0, 23 * kDeg}}, -126, -66,
+     20, 60},
+    {"Albers sphere", gx_albers_forward, gx_albers_inverse, gx_albers_constants, kSphereR, 0.0,
+     {{kCm, -96 * kDeg}, {kSp1, 29.5 * kDeg}, {kSp2, 45.5 * kDeg}, {kPhi0, 23 * kDeg}}, -126, -66,
+     20, 60},
+    {"Equidistant_Conic WGS84", gx_equidistant_conic_forward, gx_equidistant_conic_inverse,
+     gx_equidistant_conic_constants, kWgs84A, kWgs84E2,
+     {{kCm, -96 * kDeg}, {kSp1, 29.5 * kDeg}, {kSp2, 45.5 * kDeg}, {kPhi0, 23 * kDeg}}, -126, -66,
+     20, 60},
+    {"Equidistant_Conic sphere", gx_equidistant_conic_forward, gx_equidistant_conic_inverse,
+     gx_equidistant_conic_constants, kSphereR, 0.0,
+     {{kCm, -96 * kDeg}, {kSp1, 29.5 * kDeg}, {kSp2, 45.5 * kDeg}, {kPhi0, 23 * kDeg}}, -126, -66,
+     20, 60},
+    {"Polyconic WGS84", gx_polyconic_forward, gx_polyconic_inverse, gx_polyconic_constants, kWgs84A,
+     kWgs84E2, {{kCm, -54 * kDeg}}, -84, -24, -35, 10},
+    {"Polyconic sphere", gx_polyconic_forward, gx_polyconic_inverse, gx_polyconic_constants,
+     kSphereR, 0.0, {{kCm, -54 * kDeg}}, -84, -24, -35, 10},
+    {"Bonne WGS84", gx_bonne_forward, gx_bonne_inverse, gx_bonne_constants, kWgs84A, kWgs84E2,
+     {{kCm, 10 * kDeg}, {kSp1, 45 * kDeg}}, -170, 170, -80, 85},
+    {"Bonne sphere", gx_bonne_forward, gx_bonne_inverse, gx_bonne_constants, kSphereR, 0.0,
+     {{kCm, 10 * kDeg}, {kSp1, 45 * kDeg}}, -170, 170, -80, 85},
+    {"Krovak Bessel", gx_krovak_forward, gx_krovak_inverse, gx_krovak_constants, kBesselA,
+     kBesselE2,
+     {{kLonC, 24.833333333333333 * kDeg}, {kLatC, 49.5 * kDeg}, {kSp1, 78.5 * kDeg}, {kK0, 0.9999},
+      {kAz, -30.28813975277778 * kDeg}, {kXScale, -1.0}, {kRotation, 90 * kDeg}},
+     12, 19, 48, 51.1},
+    {"Hotine_Oblique_Mercator_Azimuth_Center WGS84",
+     gx_hotine_oblique_mercator_azimuth_center_forward,
+     gx_hotine_oblique_mercator_azimuth_center_inverse,
+     gx_hotine_oblique_mercator_azimuth_center_constants, kWgs84A, kWgs84E2,
+     {{kLatC, 57 * kDeg}, {kLonC, -133.66666666666667 * kDeg}, {kAz, -36.86989764584402 * kDeg},
+      {kK0, 0.9999}}, -142, -129, 53, 61},
+    {"Rectified_Skew_Orthomorphic_Natural_Origin WGS84",
+     gx_rectified_skew_orthomorphic_natural_origin_forward,
+     gx_rectified_skew_orthomorphic_natural_origin_inverse,
+     gx_rectified_skew_orthomorphic_natural_origin_constants, kWgs84A, kWgs84E2,
+     {{kLatC, 4 * kDeg}, {kLonC, 115 * kDeg}, {kAz, 53.31582047222222 * kDeg},
+      {kRotation, 53.13010236111111 * kDeg}, {kK0, 0.99984}}, 109, 120, 0, 8},
+    {"Hotine_Oblique_Mercator_Two_Point_Natural_Origin WGS84",
+     gx_hotine_oblique_mercator_two_point_natural_origin_forward,
+     gx_hotine_oblique_mercator_two_point_natural_origin_inverse,
+     gx_hotine_oblique_mercator_two_point_natural_origin_constants, kWgs84A, kWgs84E2,
+     {{kLatC, 45 * kDeg}, {kSp1, 40 * kDeg}, {kLon1, -100 * kDeg}, {kSp2, 50 * kDeg},
+      {kLon2, -80 * kDeg}}, -110, -70, 30, 60},
+    {"Hotine_Oblique_Mercator_Azimuth_Center sphere",
+     gx_hotine_oblique_mercator_azimuth_center_forward,
+     gx_hotine_oblique_mercator_azimuth_center_inverse,
+     gx_hotine_oblique_mercator_azimuth_center_constants, kSphereR, 0.0,
+     {{kLatC, 57 * kDeg}, {kLonC, -133.66666666666667 * kDeg}, {kAz, -36.86989764584402 * kDeg},
+      {kK0, 0.9999}}, -142, -129, 53, 61},
 };
 constexpr int kRowCount = sizeof kRows / sizeof kRows[0];
 

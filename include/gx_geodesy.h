@@ -87,8 +87,11 @@ GX_API void gx_cart_to_curv(double a, double e2, double x, double y, double z, d
  * Longitude comes before latitude; angles in radians, azimuths clockwise from
  * north, lengths in the unit of a.  A sphere (e2 below GX_EPS) takes the great
  * circle; an ellipsoid Vincenty's formulas, with a separate iteration for
- * nearly antipodal points.  Accuracy on WGS 84: about 0.1 mm in distance and a
- * few nanoradians in azimuth away from nearly antipodal points.
+ * nearly antipodal points.  Accuracy of the inverse on WGS 84: 0.1 mm in
+ * distance and a nanoradian in azimuth for points more than a degree from
+ * each other's antipode; closer to it the iterations may stop unsettled and
+ * the distance may be off by tens of kilometres.  The direct problem holds
+ * 0.1 mm everywhere.
  *
  * A start or end at a pole takes its azimuth from the other point's
  * longitude: that longitude in the south, pi minus it in the north.  Two

@@ -19,3 +19,15 @@ inline constexpr double kAiryE2 = (2.0 - 1.0 / 299.3249646) / 299.3249646;
 inline constexpr double kSphereR = 6371000.0;
 
 }  // namespace gx_test
+
+namespace gx_test {
+
+// Bessel 1841 (EPSG's Krovak example).
+inline constexpr double kBesselA = 6377397.155;
+inline constexpr double kBesselE2 = (2.0 - 1.0 / 299.1528128) / 299.1528128;
+// Everest 1830 (1967 definition), Timbalai 1948 (EPSG's Hotine example for
+// Borneo RSO).
+inline constexpr double kEverest1967A = 6377298.556;
+inline constexpr double kEverest1967E2 = (2.0 - 1.0 / 300.8017) / 300.8017;
+
+}  // namespace gx_test
