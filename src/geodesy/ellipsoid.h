@@ -4,6 +4,8 @@
 // sin 2x times a polynomial in cos 2x).
 #pragma once
 
+#include <cmath>
+
 #include "gx_geodesy.h"
 
 // The nearest doubles to pi, pi/2, pi/4 and 2 pi.
@@ -37,3 +39,12 @@ void gx_series_coefficients(const gx_series_table& table, double t, double* c);
 // sin 2x * (c0 + C (c1 + C (c2 + ... + C c6))), C = cos 2x: one sine, one
 // cosine.
 double gx_series_sum(const double* c, double x);
+
+// The radii of gx_w, gx_m and gx_n from a sine of the latitude already at
+// hand, for per-point code that needs several of them: the same expressions,
+// so the same results.
+inline double gx_w_of_sin(double e2, double sin_phi) {
+  return std::sqrt(1.0 - sin_phi * sin_phi * e2);
+}
+inline double gx_m_of_w(double a, double e2, double w) { return ((1.0 - e2) * a) / (w * w * w); }
+inline double gx_n_of_w(double a, double w) { return a / w; }
