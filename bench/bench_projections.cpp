@@ -14,6 +14,8 @@
 #include "frame/constants.h"
 #include "gx_projections.h"
 #include "projections/apart.h"
+#include "projections/cylindrical.h"
+#include "projections/transverse_mercator.h"
 #include "projections/world.h"
 
 namespace {
@@ -53,6 +55,55 @@ constexpr int kLatC = GX_PARM_LATITUDE_OF_CENTER;
 #define W(name) gx_##name##_forward, gx_##name##_inverse
 
 const Row kRows[] = {
+    {"Plate_Carree sphere", gx_plate_carree_forward, gx_plate_carree_inverse, nullptr, kSphereR,
+     0.0, {}, -179, 179, -89, 89},
+    {"Equidistant_Cylindrical sphere", gx_equidistant_cylindrical_forward,
+     gx_equidistant_cylindrical_inverse, nullptr, kSphereR, 0.0, {{kSp1, 30 * kDeg}}, -179, 179,
+     -89, 89},
+    {"Miller_Cylindrical sphere", gx_miller_cylindrical_forward, gx_miller_cylindrical_inverse,
+     nullptr, kSphereR, 0.0, {}, -179, 179, -89, 89},
+    {"Mercator WGS84", gx_mercator_forward, gx_mercator_inverse, gx_mercator_constants, kWgs84A,
+     kWgs84E2, {}, -179, 179, -85, 85},
+    {"Mercator sphere", gx_mercator_forward, gx_mercator_inverse, gx_mercator_constants, kSphereR,
+     0.0, {}, -179, 179, -85, 85},
+    {"Cylindrical_Equal_Area WGS84", gx_cylindrical_equal_area_forward,
+     gx_cylindrical_equal_area_inverse, gx_cylindrical_equal_area_constants, kWgs84A, kWgs84E2,
+     {{kSp1, 30 * kDeg}}, -179, 179, -89, 89},
+    {"Cylindrical_Equal_Area sphere", gx_cylindrical_equal_area_forward,
+     gx_cylindrical_equal_area_inverse, gx_cylindrical_equal_area_constants, kSphereR, 0.0,
+     {{kSp1, 30 * kDeg}}, -179, 179, -89, 89},
+    {"Behrmann WGS84", gx_behrmann_forward, gx_behrmann_inverse, gx_behrmann_constants, kWgs84A,
+     kWgs84E2, {}, -179, 179, -89, 89},
+    {"Gall_Stereographic sphere", gx_gall_stereographic_forward, gx_gall_stereographic_inverse,
+     gx_gall_stereographic_constants, kSphereR, 0.0, {}, -179, 179, -89, 89},
+    {"Mercator_Auxiliary_Sphere WGS84 type 3", gx_mercator_auxiliary_sphere_forward,
+     gx_mercator_auxiliary_sphere_inverse, gx_mercator_auxiliary_sphere_constants, kWgs84A,
+     kWgs84E2, {{kType, 3}}, -179, 179, -85, 85},
+    {"Mercator_Auxiliary_Sphere WGS84 type 0", gx_mercator_auxiliary_sphere_forward,
+     gx_mercator_auxiliary_sphere_inverse, gx_mercator_auxiliary_sphere_constants, kWgs84A,
+     kWgs84E2, {{kType, 0}}, -179, 179, -85, 85},
+    {"Equidistant_Cylindrical_Auxiliary_Sphere WGS84 type 3",
+     gx_equidistant_cylindrical_auxiliary_sphere_forward,
+     gx_equidistant_cylindrical_auxiliary_sphere_inverse,
+     gx_equidistant_cylindrical_auxiliary_sphere_constants, kWgs84A, kWgs84E2, {{kType, 3}}, -179,
+     179, -89, 89},
+    {"Miller_Cylindrical_Auxiliary_Sphere WGS84 type 3",
+     gx_miller_cylindrical_auxiliary_sphere_forward, gx_miller_cylindrical_auxiliary_sphere_inverse,
+     gx_miller_cylindrical_auxiliary_sphere_constants, kWgs84A, kWgs84E2, {{kType, 3}}, -179, 179,
+     -89, 89},
+    {"Transverse_Mercator WGS84", gx_transverse_mercator_forward, gx_transverse_mercator_inverse,
+     gx_transverse_mercator_constants, kWgs84A, kWgs84E2, {{kCm, 15 * kDeg}, {kK0, 0.9996}}, 12,
+     18, -80, 84},
+    {"Transverse_Mercator sphere", gx_transverse_mercator_forward, gx_transverse_mercator_inverse,
+     gx_transverse_mercator_constants, kSphereR, 0.0, {{kCm, 15 * kDeg}, {kK0, 0.9996}}, 12, 18,
+     -80, 84},
+    {"Cassini WGS84", gx_cassini_forward, gx_cassini_inverse, gx_cassini_constants, kWgs84A,
+     kWgs84E2, {{kCm, -100 * kDeg}, {kPhi0, 40 * kDeg}}, -103, -97, 20, 60},
+    {"Cassini sphere", gx_cassini_forward, gx_cassini_inverse, gx_cassini_constants, kSphereR, 0.0,
+     {{kCm, -100 * kDeg}, {kPhi0, 40 * kDeg}}, -103, -97, 20, 60},
+    {"Transverse_Mercator_Complex WGS84", gx_transverse_mercator_complex_forward,
+     gx_transverse_mercator_complex_inverse, gx_transverse_mercator_complex_constants, kWgs84A,
+     kWgs84E2, {{kCm, 15 * kDeg}, {kK0, 0.9996}}, 12, 18, -80, 84},
     {"Sinusoidal sphere", W(sinusoidal), gx_sinusoidal_constants, kSphereR, 0.0, {}, -179, 179,
      -89, 89},
     {"Sinusoidal WGS84", W(sinusoidal), gx_sinusoidal_constants, kWgs84A, kWgs84E2, {}, -179, 179,

@@ -58,37 +58,37 @@ void latitudes_to_geodetic(double e2, const double* table, int32_t n, double* co
   for (double* p = coords; p < coords + 2 * n; p += 2) p[1] = gx_beta_to_phi_c(e2, p[1], table);
 }
 
+// Both directions: for type 3 the latitude slot is made authalic, and the
+// forward makes the points authalic before the base runs and takes them back
+// if it refused; the inverse takes its results to geodetic latitudes unless
+// the base refused.
+int32_t twin_run(const gx_twin* twin, bool forward, const double* sphere, double* parms,
+                 int32_t n, double* coords, const int32_t* ints, const double* doubles) {
+  gx_projection_fn base = forward ? twin->forward : twin->inverse;
+  if (gx_is_sphere(sphere)) return base(sphere, parms, n, coords, ints, doubles);
+  const double e2 = sphere[1];
+  const int type = sphere_type(parms);
+  const double local[2] = {local_radius(type, sphere), 0.0};
+  if (type != kAuthalicSphere) return base(local, parms, n, coords, ints, doubles);
+  double stack[GX_BETA_TABLE_SIZE];
+  const double* table = authalic_table(twin, e2, doubles, stack);
+  make_slot_authalic(twin, e2, parms, table);
+  if (forward && n > 0) latitudes_to_authalic(e2, table, n, coords);
+  int32_t result = base(local, parms, n, coords, ints, doubles);
+  if (n > 0 && (forward ? result == 0 : result != 0)) latitudes_to_geodetic(e2, table, n, coords);
+  return result;
+}
+
 }  // namespace
 
 int32_t gx_twin_forward(const gx_twin* twin, const double* sphere, double* parms, int32_t n,
                         double* coords, const int32_t* ints, const double* doubles) {
-  if (gx_is_sphere(sphere)) return twin->forward(sphere, parms, n, coords, ints, doubles);
-  const double e2 = sphere[1];
-  const int type = sphere_type(parms);
-  const double local[2] = {local_radius(type, sphere), 0.0};
-  if (type != kAuthalicSphere) return twin->forward(local, parms, n, coords, ints, doubles);
-  double stack[GX_BETA_TABLE_SIZE];
-  const double* table = authalic_table(twin, e2, doubles, stack);
-  make_slot_authalic(twin, e2, parms, table);
-  if (n > 0) latitudes_to_authalic(e2, table, n, coords);
-  int32_t result = twin->forward(local, parms, n, coords, ints, doubles);
-  if (result == 0 && n > 0) latitudes_to_geodetic(e2, table, n, coords);
-  return result;
+  return twin_run(twin, true, sphere, parms, n, coords, ints, doubles);
 }
 
 int32_t gx_twin_inverse(const gx_twin* twin, const double* sphere, double* parms, int32_t n,
                         double* coords, const int32_t* ints, const double* doubles) {
-  if (gx_is_sphere(sphere)) return twin->inverse(sphere, parms, n, coords, ints, doubles);
-  const double e2 = sphere[1];
-  const int type = sphere_type(parms);
-  const double local[2] = {local_radius(type, sphere), 0.0};
-  if (type != kAuthalicSphere) return twin->inverse(local, parms, n, coords, ints, doubles);
-  double stack[GX_BETA_TABLE_SIZE];
-  const double* table = authalic_table(twin, e2, doubles, stack);
-  make_slot_authalic(twin, e2, parms, table);
-  int32_t result = twin->inverse(local, parms, n, coords, ints, doubles);
-  if (result != 0) latitudes_to_geodetic(e2, table, n, coords);
-  return result;
+  return twin_run(twin, false, sphere, parms, n, coords, ints, doubles);
 }
 
 int32_t gx_twin_constants(const gx_twin* twin, gx_constants* block, const double* sphere,

@@ -40,3 +40,19 @@ int32_t gx_twin_inverse(const gx_twin* twin, const double* sphere, double* parms
 // when nothing is to be kept or an allocation failed.
 int32_t gx_twin_constants(const gx_twin* twin, gx_constants* block, const double* sphere,
                           const double* parms);
+
+// Defines gx_<name>_forward, gx_<name>_inverse and gx_<name>_constants of a
+// twin as calls of the three functions above with its description `twin`.
+#define GX_DEFINE_TWIN(name, twin)                                                          \
+  int32_t gx_##name##_forward(const double* sphere, double* parms, int32_t n,               \
+                              double* coords, const int32_t* ints, const double* doubles) { \
+    return gx_twin_forward(&(twin), sphere, parms, n, coords, ints, doubles);               \
+  }                                                                                         \
+  int32_t gx_##name##_inverse(const double* sphere, double* parms, int32_t n,               \
+                              double* coords, const int32_t* ints, const double* doubles) { \
+    return gx_twin_inverse(&(twin), sphere, parms, n, coords, ints, doubles);               \
+  }                                                                                         \
+  int32_t gx_##name##_constants(gx_constants* block, const double* sphere,                  \
+                                const double* parms) {                                      \
+    return gx_twin_constants(&(twin), block, sphere, parms);                                \
+  }

@@ -3,8 +3,6 @@
 // by k0 at the end of the forward and the start of the inverse.
 #include "projections/transverse_mercator.h"
 
-#include "projections/setup.h"
-
 namespace {
 
 // Layout of the doubles; the sphere keeps none.
@@ -47,7 +45,11 @@ void setup(const double* sphere, const double* parms, int mask, double* layout) 
   layout[kRectR] = gx_rect_r(a, e2);
 }
 
-void sphere_forward(double a, double k0, double lam0, double phi0, int32_t n, double* coords) {
+int32_t sphere_forward(const double* c, const double* sphere, const double* parms, int32_t n,
+                       double* coords) {
+  const double a = sphere[0];
+  const double k0 = parms[GX_PARM_SCALE_FACTOR], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
+  const double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     double phi = gx_pole_clamp(p[1]);
     double dlam = gx_delta_fast(p[0] - lam0);
@@ -59,10 +61,14 @@ void sphere_forward(double a, double k0, double lam0, double phi0, int32_t n, do
     p[0] = x * k0;
     p[1] = y * k0;
   }
+  return n;
 }
 
-void sphere_inverse(double a, double k0, double lam0, double phi0, int32_t n, double* coords) {
-  const double rk = 1.0 / k0;
+int32_t sphere_inverse(const double* c, const double* sphere, const double* parms, int32_t n,
+                       double* coords) {
+  const double a = sphere[0];
+  const double k0 = parms[GX_PARM_SCALE_FACTOR], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
+  const double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN], rk = 1.0 / k0;
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     double xr = p[0] * rk / a, D = p[1] * rk / a + phi0;
     double cos_d = std::cos(D), sin_d = std::sin(D), cos_x = std::cos(xr), tan_x = std::tan(xr);
@@ -72,10 +78,13 @@ void sphere_inverse(double a, double k0, double lam0, double phi0, int32_t n, do
     p[1] = std::asin(sin_d * cos_x);
     p[0] = gx_delta_fast(std::atan2(tan_x, cos_d) + lam0);
   }
+  return n;
 }
 
-void ellipsoid_forward(const double* c, double a, double e2, double k0, double lam0, int32_t n,
-                       double* coords) {
+int32_t ellipsoid_forward(const double* c, const double* sphere, const double* parms, int32_t n,
+                          double* coords) {
+  const double a = sphere[0], e2 = sphere[1];
+  const double k0 = parms[GX_PARM_SCALE_FACTOR], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   const double mu0 = c[kMu0], rect_r = c[kRectR];
   const double* table = c + kTable;
   for (double* p = coords; p < coords + 2 * n; p += 2) {
@@ -83,7 +92,7 @@ void ellipsoid_forward(const double* c, double a, double e2, double k0, double l
     double dlam = gx_delta_fast(p[0] - lam0);
     double cs = std::cos(phi), t = std::tan(phi), T = t * t;
     double Cc = cs * cs * e2 / (1 - e2);
-    double N = gx_n(a, e2, phi);
+    double N = gx_n_of_sin(a, e2, std::sin(phi));
     double A = cs * dlam, A2 = A * A, A3 = A2 * A, A4 = A2 * A2, A5 = A4 * A;
     double mu = gx_phi_to_mu_c(e2, phi, table);
     double x = N * (A - A3 * T * kSixth - (8 - T + 8 * Cc) * A5 * T * kOneTwentieth);
@@ -91,60 +100,35 @@ void ellipsoid_forward(const double* c, double a, double e2, double k0, double l
     p[0] = x * k0;
     p[1] = y * k0;
   }
+  return n;
 }
 
-void ellipsoid_inverse(const double* c, double a, double e2, double k0, double lam0, int32_t n,
-                       double* coords) {
+int32_t ellipsoid_inverse(const double* c, const double* sphere, const double* parms, int32_t n,
+                          double* coords) {
+  const double a = sphere[0], e2 = sphere[1];
+  const double k0 = parms[GX_PARM_SCALE_FACTOR], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   const double mu0 = c[kMu0], rect_r = c[kRectR], rk = 1.0 / k0;
   const double* table = c + kTable;
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     double x = p[0] * rk, y = p[1] * rk;
     double mu = y / rect_r + mu0;
     double phi1 = gx_mu_to_phi_c(e2, mu, table);
-    double t = std::tan(phi1), T = t * t;
-    double N = gx_n(a, e2, phi1), M = gx_m(a, e2, phi1);
+    double t = std::tan(phi1), T = t * t, s = std::sin(phi1);
+    double N = gx_n_of_sin(a, e2, s), M = gx_m_of_sin(a, e2, s);
     double D = x / N, D2 = D * D, D3 = D2 * D, D4 = D2 * D2, D5 = D4 * D;
     p[1] = phi1 - (N / M) * t * (D2 * 0.5 - (1 + 3 * T) * D4 * kTwentyFourth);
     p[0] = gx_delta_fast((D - D3 * T * kThird + D5 * T * (1 + 3 * T) * kFifteenth) /
                              std::cos(phi1) +
                          lam0);
   }
+  return n;
 }
 
 }  // namespace
 
-int32_t gx_cassini_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                           const int32_t* ints, const double* doubles) {
-  if (n < 1) return 0;
-  const double a = sphere[0], e2 = sphere[1], k0 = parms[GX_PARM_SCALE_FACTOR];
-  const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  if (gx_is_sphere(sphere)) {
-    sphere_forward(a, k0, lam0, parms[GX_PARM_LATITUDE_OF_ORIGIN], n, coords);
-    return n;
-  }
-  double local[kEllipsoidCount];
-  const double* c = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_FORWARD);
-  ellipsoid_forward(c, a, e2, k0, lam0, n, coords);
-  return n;
-}
-
-int32_t gx_cassini_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                           const int32_t* ints, const double* doubles) {
-  if (n < 1) return 0;
-  const double a = sphere[0], e2 = sphere[1], k0 = parms[GX_PARM_SCALE_FACTOR];
-  const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  if (gx_is_sphere(sphere)) {
-    sphere_inverse(a, k0, lam0, parms[GX_PARM_LATITUDE_OF_ORIGIN], n, coords);
-    return n;
-  }
-  double local[kEllipsoidCount];
-  // The origin's rectifying latitude needs the forward series too.
-  const double* c = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_BOTH);
-  ellipsoid_inverse(c, a, e2, k0, lam0, n, coords);
-  return n;
-}
-
-int32_t gx_cassini_constants(gx_constants* block, const double* sphere, const double* parms) {
-  int32_t count = gx_is_sphere(sphere) ? 0 : kEllipsoidCount;
-  return gx_layout_load(block, count, setup, sphere, parms);
-}
+// The inverse needs the forward series too, for the origin's rectifying
+// latitude.  The sphere keeps no doubles.
+GX_DEFINE_PROJECTION(cassini, setup, (gx_branch<sphere_forward, ellipsoid_forward>),
+                     GX_SERIES_FORWARD, (gx_branch<sphere_inverse, ellipsoid_inverse>),
+                     GX_SERIES_BOTH)
+GX_DEFINE_LOADER(cassini, setup, 0, kEllipsoidCount)

@@ -1,94 +1,42 @@
 // The cylindrical family: the normal-aspect cylinders and their auxiliary
-// sphere twins.  Every function has the form of gx_projection_fn and every
-// loader that of gx_constants_fn (see contract.h); the projection list
-// registers them.  Projections without a loader always run their set-up.
+// sphere twins.  Every forward and inverse function has the form of
+// gx_projection_fn and every loader that of gx_constants_fn (contract.h);
+// the projection list registers them.  A projection without a loader always
+// runs its set-up.
 #pragma once
 
-#include "projections/contract.h"
+#include "projections/setup.h"
 
-// Plate_Carree: sphere only, no loader.
-int32_t gx_plate_carree_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                                const int32_t* ints, const double* doubles);
-int32_t gx_plate_carree_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                                const int32_t* ints, const double* doubles);
-
-// Equidistant_Cylindrical: sphere only, no loader.
-int32_t gx_equidistant_cylindrical_forward(const double* sphere, double* parms, int32_t n,
-                                           double* coords, const int32_t* ints,
-                                           const double* doubles);
-int32_t gx_equidistant_cylindrical_inverse(const double* sphere, double* parms, int32_t n,
-                                           double* coords, const int32_t* ints,
-                                           const double* doubles);
-
-// Miller_Cylindrical: sphere only, no loader.
-int32_t gx_miller_cylindrical_forward(const double* sphere, double* parms, int32_t n,
-                                      double* coords, const int32_t* ints, const double* doubles);
-int32_t gx_miller_cylindrical_inverse(const double* sphere, double* parms, int32_t n,
-                                      double* coords, const int32_t* ints, const double* doubles);
+// Plate_Carree, Equidistant_Cylindrical, Miller_Cylindrical: sphere only,
+// no loader.
+GX_DECLARE_PROJECTION(plate_carree);
+GX_DECLARE_PROJECTION(equidistant_cylindrical);
+GX_DECLARE_PROJECTION(miller_cylindrical);
 
 // Mercator: sphere or ellipsoid.
-int32_t gx_mercator_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                            const int32_t* ints, const double* doubles);
-int32_t gx_mercator_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                            const int32_t* ints, const double* doubles);
-int32_t gx_mercator_constants(gx_constants* block, const double* sphere, const double* parms);
+GX_DECLARE_PROJECTION(mercator);
+GX_DECLARE_LOADER(mercator);
+// Its set-up (layout [0] k, [1] a * k, then the conformal table on an
+// ellipsoid), which its twin's loader stores for the local sphere.
+void gx_mercator_setup(const double* sphere, const double* parms, int mask, double* layout);
 
 // Cylindrical_Equal_Area: sphere or ellipsoid; a standard parallel on a pole
 // refuses the run.
-int32_t gx_cylindrical_equal_area_forward(const double* sphere, double* parms, int32_t n,
-                                          double* coords, const int32_t* ints,
-                                          const double* doubles);
-int32_t gx_cylindrical_equal_area_inverse(const double* sphere, double* parms, int32_t n,
-                                          double* coords, const int32_t* ints,
-                                          const double* doubles);
-int32_t gx_cylindrical_equal_area_constants(gx_constants* block, const double* sphere,
-                                            const double* parms);
+GX_DECLARE_PROJECTION(cylindrical_equal_area);
+GX_DECLARE_LOADER(cylindrical_equal_area);
 
 // Behrmann: the equal-area cylinder on the fixed parallel of 30 degrees.
-int32_t gx_behrmann_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                            const int32_t* ints, const double* doubles);
-int32_t gx_behrmann_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                            const int32_t* ints, const double* doubles);
-int32_t gx_behrmann_constants(gx_constants* block, const double* sphere, const double* parms);
+GX_DECLARE_PROJECTION(behrmann);
+GX_DECLARE_LOADER(behrmann);
 
 // Gall_Stereographic: sphere only.
-int32_t gx_gall_stereographic_forward(const double* sphere, double* parms, int32_t n,
-                                      double* coords, const int32_t* ints, const double* doubles);
-int32_t gx_gall_stereographic_inverse(const double* sphere, double* parms, int32_t n,
-                                      double* coords, const int32_t* ints, const double* doubles);
-int32_t gx_gall_stereographic_constants(gx_constants* block, const double* sphere,
-                                        const double* parms);
+GX_DECLARE_PROJECTION(gall_stereographic);
+GX_DECLARE_LOADER(gall_stereographic);
 
-// The auxiliary sphere twins of this family (see auxiliary_sphere.h).
-int32_t gx_equidistant_cylindrical_auxiliary_sphere_forward(const double* sphere, double* parms,
-                                                            int32_t n, double* coords,
-                                                            const int32_t* ints,
-                                                            const double* doubles);
-int32_t gx_equidistant_cylindrical_auxiliary_sphere_inverse(const double* sphere, double* parms,
-                                                            int32_t n, double* coords,
-                                                            const int32_t* ints,
-                                                            const double* doubles);
-int32_t gx_equidistant_cylindrical_auxiliary_sphere_constants(gx_constants* block,
-                                                              const double* sphere,
-                                                              const double* parms);
-int32_t gx_miller_cylindrical_auxiliary_sphere_forward(const double* sphere, double* parms,
-                                                       int32_t n, double* coords,
-                                                       const int32_t* ints, const double* doubles);
-int32_t gx_miller_cylindrical_auxiliary_sphere_inverse(const double* sphere, double* parms,
-                                                       int32_t n, double* coords,
-                                                       const int32_t* ints, const double* doubles);
-int32_t gx_miller_cylindrical_auxiliary_sphere_constants(gx_constants* block,
-                                                         const double* sphere,
-                                                         const double* parms);
-int32_t gx_mercator_auxiliary_sphere_forward(const double* sphere, double* parms, int32_t n,
-                                             double* coords, const int32_t* ints,
-                                             const double* doubles);
-int32_t gx_mercator_auxiliary_sphere_inverse(const double* sphere, double* parms, int32_t n,
-                                             double* coords, const int32_t* ints,
-                                             const double* doubles);
-int32_t gx_mercator_auxiliary_sphere_constants(gx_constants* block, const double* sphere,
-                                               const double* parms);
-
-// Mercator's set-up (layout [0] k, [1] a * k, then the conformal table on an
-// ellipsoid); the twin's loader stores it for its local sphere.
-void gx_mercator_setup(const double* sphere, const double* parms, int mask, double* layout);
+// The auxiliary sphere twins of this family (auxiliary_sphere.h).
+GX_DECLARE_PROJECTION(equidistant_cylindrical_auxiliary_sphere);
+GX_DECLARE_LOADER(equidistant_cylindrical_auxiliary_sphere);
+GX_DECLARE_PROJECTION(miller_cylindrical_auxiliary_sphere);
+GX_DECLARE_LOADER(miller_cylindrical_auxiliary_sphere);
+GX_DECLARE_PROJECTION(mercator_auxiliary_sphere);
+GX_DECLARE_LOADER(mercator_auxiliary_sphere);

@@ -3,7 +3,6 @@
 // ellipsoid the inverse solves the authalic q for the latitude by Newton's
 // method from asin(q / 2).
 #include "projections/cylindrical.h"
-#include "projections/setup.h"
 
 namespace {
 
@@ -69,7 +68,9 @@ void behrmann_setup(const double* sphere, const double* parms, int mask, double*
 // A standard parallel on a pole leaves no cylinder: the run is refused.
 bool cea_refused(const double* parms) { return gx_is_halfpi(parms[GX_PARM_STANDARD_PARALLEL_1]); }
 
-int32_t forward(const double* c, const double* sphere, double lam0, int32_t n, double* coords) {
+int32_t forward_points(const double* c, const double* sphere, const double* parms, int32_t n,
+                       double* coords) {
+  const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   if (gx_is_sphere(sphere)) {
     for (double* p = coords; p < coords + 2 * n; p += 2) {
       p[0] = gx_delta_fast(p[0] - lam0) * c[kSphereX];
@@ -87,28 +88,40 @@ int32_t forward(const double* c, const double* sphere, double lam0, int32_t n, d
   return n;
 }
 
+// One step of Newton's method on q towards `target` (q / (1 - e2)).
+double newton_step(const double* c, double e2, double target, double phi) {
+  double s = std::sin(phi), es = s * c[kE], d = 1.0 - s * s * e2;
+  return phi + (target - s / d + std::log((1.0 - es) / (1.0 + es)) / c[kTwoE]) *
+                   (d * d / (2.0 * std::cos(phi)));
+}
+
 // The latitude whose authalic sine is t: 0 and the poles directly, otherwise
 // Newton's method on q, ended by the step bound or after `steps` steps.
+//
+// Near its root the iteration often settles into two values a last bit
+// apart, which the step bound of 1e-16 can't separate.  From then on every
+// step swaps them, so the value that the last step would leave is known at
+// once by the parity of the steps left, and the loop ends there.
 double latitude_of_authalic_sine(const double* c, double e2, double t, int steps) {
   if (std::fabs(t) <= GX_EPS) return 0.0;
   if (gx_is_unit(t)) return t < 0.0 ? -GX_HALFPI : GX_HALFPI;
-  const double e = c[kE];
   double q = t * c[kQ90];
   double target = q / c[kOneMinusE2];
   double phi = std::asin(q * 0.5);
+  double before = phi;
   for (int step = 0; step < steps; ++step) {
-    double s = std::sin(phi), es = s * e, d = 1.0 - s * s * e2;
-    double next = phi + (target - s / d + std::log((1.0 - es) / (1.0 + es)) / c[kTwoE]) *
-                            (d * d / (2.0 * std::cos(phi)));
-    bool settled = std::fabs(phi - next) <= kNewtonStep;
+    double next = newton_step(c, e2, target, phi);
+    if (std::fabs(phi - next) <= kNewtonStep) return next;
+    if (step > 0 && next == before) return (steps - 1 - step) % 2 == 0 ? next : phi;
+    before = phi;
     phi = next;
-    if (settled) break;
   }
   return phi;
 }
 
-int32_t inverse(const double* c, const double* sphere, double lam0, int steps, int32_t n,
-                double* coords) {
+int32_t inverse_points(const double* c, const double* sphere, const double* parms, int steps,
+                       int32_t n, double* coords) {
+  const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   if (gx_is_sphere(sphere)) {
     for (double* p = coords; p < coords + 2 * n; p += 2) {
       double t = p[1] / c[kSphereY];
@@ -128,62 +141,40 @@ int32_t inverse(const double* c, const double* sphere, double lam0, int steps, i
   return n;
 }
 
+// The refusal marks every point and counts none.
+int32_t refuse(int32_t n, double* coords) {
+  gx_points_nan(n, coords);
+  return 0;
+}
+
+int32_t cea_forward_points(const double* c, const double* sphere, const double* parms,
+                           int32_t n, double* coords) {
+  if (cea_refused(parms)) return refuse(n, coords);
+  return forward_points(c, sphere, parms, n, coords);
+}
+
+int32_t cea_inverse_points(const double* c, const double* sphere, const double* parms,
+                           int32_t n, double* coords) {
+  if (cea_refused(parms)) return refuse(n, coords);
+  return inverse_points(c, sphere, parms, kCeaSteps, n, coords);
+}
+
+int32_t behrmann_inverse_points(const double* c, const double* sphere, const double* parms,
+                                int32_t n, double* coords) {
+  return inverse_points(c, sphere, parms, kBehrmannSteps, n, coords);
+}
+
 }  // namespace
 
-// ---- Cylindrical_Equal_Area -------------------------------------------------------
-
-int32_t gx_cylindrical_equal_area_forward(const double* sphere, double* parms, int32_t n,
-                                          double* coords, const int32_t* ints,
-                                          const double* doubles) {
-  if (n < 1) return 0;
-  if (cea_refused(parms)) {
-    gx_points_nan(n, coords);
-    return 0;
-  }
-  double local[kEllipsoidCount];
-  const double* c = gx_layout(doubles, local, cea_setup, sphere, parms, GX_SERIES_FORWARD);
-  return forward(c, sphere, parms[GX_PARM_CENTRAL_MERIDIAN], n, coords);
-}
-
-int32_t gx_cylindrical_equal_area_inverse(const double* sphere, double* parms, int32_t n,
-                                          double* coords, const int32_t* ints,
-                                          const double* doubles) {
-  if (n < 1) return 0;
-  if (cea_refused(parms)) {
-    gx_points_nan(n, coords);
-    return 0;
-  }
-  double local[kEllipsoidCount];
-  const double* c = gx_layout(doubles, local, cea_setup, sphere, parms, GX_SERIES_INVERSE);
-  return inverse(c, sphere, parms[GX_PARM_CENTRAL_MERIDIAN], kCeaSteps, n, coords);
-}
+GX_DEFINE_PROJECTION(cylindrical_equal_area, cea_setup, cea_forward_points, GX_SERIES_FORWARD,
+                     cea_inverse_points, GX_SERIES_INVERSE)
+GX_DEFINE_PROJECTION(behrmann, behrmann_setup, forward_points, GX_SERIES_FORWARD,
+                     behrmann_inverse_points, GX_SERIES_INVERSE)
+GX_DEFINE_LOADER(behrmann, behrmann_setup, kSphereCount, kEllipsoidCount)
 
 int32_t gx_cylindrical_equal_area_constants(gx_constants* block, const double* sphere,
                                             const double* parms) {
   if (cea_refused(parms)) return 0;
   int32_t count = gx_is_sphere(sphere) ? kSphereCount : kEllipsoidCount;
   return gx_layout_load(block, count, cea_setup, sphere, parms);
-}
-
-// ---- Behrmann -----------------------------------------------------------------------
-
-int32_t gx_behrmann_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                            const int32_t* ints, const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  const double* c = gx_layout(doubles, local, behrmann_setup, sphere, parms, GX_SERIES_FORWARD);
-  return forward(c, sphere, parms[GX_PARM_CENTRAL_MERIDIAN], n, coords);
-}
-
-int32_t gx_behrmann_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                            const int32_t* ints, const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  const double* c = gx_layout(doubles, local, behrmann_setup, sphere, parms, GX_SERIES_INVERSE);
-  return inverse(c, sphere, parms[GX_PARM_CENTRAL_MERIDIAN], kBehrmannSteps, n, coords);
-}
-
-int32_t gx_behrmann_constants(gx_constants* block, const double* sphere, const double* parms) {
-  int32_t count = gx_is_sphere(sphere) ? kSphereCount : kEllipsoidCount;
-  return gx_layout_load(block, count, behrmann_setup, sphere, parms);
 }

@@ -20,59 +20,6 @@ constexpr gx_twin kMercator = {gx_mercator_forward, gx_mercator_inverse,
 
 }  // namespace
 
-int32_t gx_equidistant_cylindrical_auxiliary_sphere_forward(const double* sphere, double* parms,
-                                                            int32_t n, double* coords,
-                                                            const int32_t* ints,
-                                                            const double* doubles) {
-  return gx_twin_forward(&kEquidistantCylindrical, sphere, parms, n, coords, ints, doubles);
-}
-
-int32_t gx_equidistant_cylindrical_auxiliary_sphere_inverse(const double* sphere, double* parms,
-                                                            int32_t n, double* coords,
-                                                            const int32_t* ints,
-                                                            const double* doubles) {
-  return gx_twin_inverse(&kEquidistantCylindrical, sphere, parms, n, coords, ints, doubles);
-}
-
-int32_t gx_equidistant_cylindrical_auxiliary_sphere_constants(gx_constants* block,
-                                                              const double* sphere,
-                                                              const double* parms) {
-  return gx_twin_constants(&kEquidistantCylindrical, block, sphere, parms);
-}
-
-int32_t gx_miller_cylindrical_auxiliary_sphere_forward(const double* sphere, double* parms,
-                                                       int32_t n, double* coords,
-                                                       const int32_t* ints,
-                                                       const double* doubles) {
-  return gx_twin_forward(&kMillerCylindrical, sphere, parms, n, coords, ints, doubles);
-}
-
-int32_t gx_miller_cylindrical_auxiliary_sphere_inverse(const double* sphere, double* parms,
-                                                       int32_t n, double* coords,
-                                                       const int32_t* ints,
-                                                       const double* doubles) {
-  return gx_twin_inverse(&kMillerCylindrical, sphere, parms, n, coords, ints, doubles);
-}
-
-int32_t gx_miller_cylindrical_auxiliary_sphere_constants(gx_constants* block,
-                                                         const double* sphere,
-                                                         const double* parms) {
-  return gx_twin_constants(&kMillerCylindrical, block, sphere, parms);
-}
-
-int32_t gx_mercator_auxiliary_sphere_forward(const double* sphere, double* parms, int32_t n,
-                                             double* coords, const int32_t* ints,
-                                             const double* doubles) {
-  return gx_twin_forward(&kMercator, sphere, parms, n, coords, ints, doubles);
-}
-
-int32_t gx_mercator_auxiliary_sphere_inverse(const double* sphere, double* parms, int32_t n,
-                                             double* coords, const int32_t* ints,
-                                             const double* doubles) {
-  return gx_twin_inverse(&kMercator, sphere, parms, n, coords, ints, doubles);
-}
-
-int32_t gx_mercator_auxiliary_sphere_constants(gx_constants* block, const double* sphere,
-                                               const double* parms) {
-  return gx_twin_constants(&kMercator, block, sphere, parms);
-}
+GX_DEFINE_TWIN(equidistant_cylindrical_auxiliary_sphere, kEquidistantCylindrical)
+GX_DEFINE_TWIN(miller_cylindrical_auxiliary_sphere, kMillerCylindrical)
+GX_DEFINE_TWIN(mercator_auxiliary_sphere, kMercator)

@@ -2,16 +2,43 @@
 // standard parallel.  The ellipsoid goes through the conformal latitude by
 // its series table, so no point iterates.
 #include "projections/cylindrical.h"
-#include "projections/setup.h"
 
 namespace {
 
-// Layout of the doubles.  Forward and inverse read only a * k and the table.
+// Layout of the doubles.  The point loops read only a * k and the table.
 constexpr int kScale = 0;  // k, the scale on the standard parallel
 constexpr int kAk = 1;     // a * k
 constexpr int kTable = 2;  // conformal latitude series
 constexpr int32_t kSphereCount = 2;
 constexpr int32_t kEllipsoidCount = kTable + GX_TABLE_ROOM;
+
+int32_t forward_points(const double* c, const double* sphere, const double* parms, int32_t n,
+                       double* coords) {
+  const double e2 = sphere[1], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], ak = c[kAk];
+  const double* table = c + kTable;
+  const bool ellipsoid = !gx_is_sphere(sphere);
+  for (double* p = coords; p < coords + 2 * n; p += 2) {
+    double dlam = gx_delta_fast(p[0] - lam0);
+    double phi = gx_pole_clamp(p[1]);
+    double chi = ellipsoid ? gx_phi_to_chi_c(e2, phi, table) : phi;
+    p[0] = dlam * ak;
+    p[1] = std::log(std::tan(chi * 0.5 + GX_QUARTERPI)) * ak;
+  }
+  return n;
+}
+
+int32_t inverse_points(const double* c, const double* sphere, const double* parms, int32_t n,
+                       double* coords) {
+  const double e2 = sphere[1], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], r = 1.0 / c[kAk];
+  const double* table = c + kTable;
+  const bool ellipsoid = !gx_is_sphere(sphere);
+  for (double* p = coords; p < coords + 2 * n; p += 2) {
+    double chi = GX_HALFPI - 2.0 * std::atan(std::exp(-(r * p[1])));
+    p[1] = ellipsoid ? gx_chi_to_phi_c(e2, chi, table) : chi;
+    p[0] = gx_delta_fast(r * p[0] + lam0);
+  }
+  return n;
+}
 
 }  // namespace
 
@@ -29,42 +56,6 @@ void gx_mercator_setup(const double* sphere, const double* parms, int mask, doub
   layout[kAk] = k * a;
 }
 
-int32_t gx_mercator_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                            const int32_t* ints, const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  const double* c = gx_layout(doubles, local, gx_mercator_setup, sphere, parms, GX_SERIES_FORWARD);
-  const double e2 = sphere[1], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], ak = c[kAk];
-  const double* table = c + kTable;
-  const bool ellipsoid = !gx_is_sphere(sphere);
-  for (double* p = coords; p < coords + 2 * n; p += 2) {
-    double dlam = gx_delta_fast(p[0] - lam0);
-    double phi = gx_pole_clamp(p[1]);
-    double chi = ellipsoid ? gx_phi_to_chi_c(e2, phi, table) : phi;
-    p[0] = dlam * ak;
-    p[1] = std::log(std::tan(chi * 0.5 + GX_QUARTERPI)) * ak;
-  }
-  return n;
-}
-
-int32_t gx_mercator_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                            const int32_t* ints, const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  const double* c = gx_layout(doubles, local, gx_mercator_setup, sphere, parms, GX_SERIES_INVERSE);
-  const double e2 = sphere[1], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  const double r = 1.0 / c[kAk];
-  const double* table = c + kTable;
-  const bool ellipsoid = !gx_is_sphere(sphere);
-  for (double* p = coords; p < coords + 2 * n; p += 2) {
-    double chi = GX_HALFPI - 2.0 * std::atan(std::exp(-(r * p[1])));
-    p[1] = ellipsoid ? gx_chi_to_phi_c(e2, chi, table) : chi;
-    p[0] = gx_delta_fast(r * p[0] + lam0);
-  }
-  return n;
-}
-
-int32_t gx_mercator_constants(gx_constants* block, const double* sphere, const double* parms) {
-  int32_t count = gx_is_sphere(sphere) ? kSphereCount : kEllipsoidCount;
-  return gx_layout_load(block, count, gx_mercator_setup, sphere, parms);
-}
+GX_DEFINE_PROJECTION(mercator, gx_mercator_setup, forward_points, GX_SERIES_FORWARD,
+                     inverse_points, GX_SERIES_INVERSE)
+GX_DEFINE_LOADER(mercator, gx_mercator_setup, kSphereCount, kEllipsoidCount)

@@ -1,4 +1,5 @@
-// The loader that every projection with a set-up shares.
+// The function shape and the loader that every projection with a set-up
+// shares.
 #include "projections/setup.h"
 
 int32_t gx_layout_load(gx_constants* block, int32_t count, gx_setup_fn setup,
@@ -10,4 +11,11 @@ int32_t gx_layout_load(gx_constants* block, int32_t count, gx_setup_fn setup,
   for (int32_t i = 0; i < count; ++i) doubles[i] = 0.0;
   setup(sphere, parms, GX_SERIES_ALL, doubles);
   return count;
+}
+
+int32_t gx_run(gx_setup_fn setup, int mask, gx_points_fn points, const double* sphere,
+               const double* parms, int32_t n, double* coords, const double* doubles) {
+  if (n < 1) return 0;
+  double local[GX_LAYOUT_CAPACITY];
+  return points(gx_layout(doubles, local, setup, sphere, parms, mask), sphere, parms, n, coords);
 }

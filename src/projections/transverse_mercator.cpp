@@ -4,8 +4,6 @@
 // iterates and no point is refused, however far from the central meridian.
 #include "projections/transverse_mercator.h"
 
-#include "projections/setup.h"
-
 namespace {
 
 // Layout of the doubles.
@@ -47,8 +45,9 @@ void setup(const double* sphere, const double* parms, int mask, double* layout) 
   layout[kRectR] = gx_rect_r(a, e2);
 }
 
-void ellipsoid_forward(const double* c, double a, double e2, const double* parms, int32_t n,
-                       double* coords) {
+int32_t ellipsoid_forward(const double* c, const double* sphere, const double* parms,
+                          int32_t n, double* coords) {
+  const double a = sphere[0], e2 = sphere[1];
   const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], k0 = parms[GX_PARM_SCALE_FACTOR];
   const double ep2 = c[kEp2], mu0 = c[kMu0], rect_r = c[kRectR];
   const double* table = c + kTable;
@@ -57,7 +56,7 @@ void ellipsoid_forward(const double* c, double a, double e2, const double* parms
     double L = gx_delta_fast(p[0] - lam0), L2 = L * L;
     double s = std::sin(phi), cs = std::cos(phi), t = std::tan(phi), t2 = t * t;
     double eta = ep2 * cs * cs, eta2 = eta * eta, eta3 = eta2 * eta, eta4 = eta3 * eta;
-    double Nk = gx_n(a, e2, phi) * k0;
+    double Nk = gx_n_of_sin(a, e2, s) * k0;
     double c3 = cs * cs * cs, c5 = c3 * cs * cs, c7 = c5 * cs * cs;
     double t4 = t2 * t2, t6 = t4 * t2;
     double mdist = (gx_phi_to_mu_c(e2, phi, table) - mu0) * rect_r * k0;
@@ -75,10 +74,12 @@ void ellipsoid_forward(const double* c, double a, double e2, const double* parms
     p[1] = mdist + L2 * (P2 + L2 * (P4 + L2 * (P6 + L2 * P8)));
     p[0] = L * (Nk * cs + L2 * (Q3 + L2 * (Q5 + L2 * Q7)));
   }
+  return n;
 }
 
-void ellipsoid_inverse(const double* c, double a, double e2, const double* parms, int32_t n,
-                       double* coords) {
+int32_t ellipsoid_inverse(const double* c, const double* sphere, const double* parms,
+                          int32_t n, double* coords) {
+  const double a = sphere[0], e2 = sphere[1];
   const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], k0 = parms[GX_PARM_SCALE_FACTOR];
   const double ep2 = c[kEp2], mu0 = c[kMu0], rect_r = c[kRectR];
   const double* table = c + kTable;
@@ -88,8 +89,9 @@ void ellipsoid_inverse(const double* c, double a, double e2, const double* parms
     double x = p[0];
     double mu = p[1] / (rect_r * k0) + mu0;
     double phi1 = gx_mu_to_phi_c(e2, mu, table);
-    double N = gx_n(a, e2, phi1), M = gx_m(a, e2, phi1);
-    double t = std::tan(phi1), T = t * t, T2 = T * T, T3 = T2 * T, cs = std::cos(phi1);
+    double s = std::sin(phi1), cs = std::cos(phi1);
+    double N = gx_n_of_sin(a, e2, s), M = gx_m_of_sin(a, e2, s);
+    double t = std::tan(phi1), T = t * t, T2 = T * T, T3 = T2 * T;
     double eta = ep2 * cs * cs, eta2 = eta * eta, eta3 = eta2 * eta, eta4 = eta3 * eta;
     double X2 = x * x;
     double N3 = N * N * N, N5 = N3 * N * N, N7 = N5 * N * N;
@@ -109,12 +111,15 @@ void ellipsoid_inverse(const double* c, double a, double e2, const double* parms
     double dlam = x * (1 / (N * cs * k0) + X2 * (-B3 + X2 * (B5 - X2 * B7)));
     p[0] = gx_delta_fast(dlam + lam0);
   }
+  return n;
 }
 
 }  // namespace
 
-void gx_transverse_mercator_sphere_forward(double ak, double half_ak, double lam0, double phi0,
-                                           int32_t n, double* coords) {
+int32_t gx_transverse_mercator_sphere_forward(const double* layout, const double* sphere,
+                                              const double* parms, int32_t n, double* coords) {
+  const double ak = layout[kAk], half_ak = layout[kHalfAk];
+  const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     double phi = gx_pole_clamp(p[1]);
     double dlam = gx_delta_fast(p[0] - lam0);
@@ -123,11 +128,13 @@ void gx_transverse_mercator_sphere_forward(double ak, double half_ak, double lam
     p[0] = std::log((B + 1) / (1 - B)) * half_ak;
     p[1] = (std::atan2(std::tan(phi), std::cos(dlam)) - phi0) * ak;
   }
+  return n;
 }
 
-void gx_transverse_mercator_sphere_inverse(double ak, double lam0, double phi0, int32_t n,
-                                           double* coords) {
-  const double r = 1.0 / ak;
+int32_t gx_transverse_mercator_sphere_inverse(const double* layout, const double* sphere,
+                                              const double* parms, int32_t n, double* coords) {
+  const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
+  const double r = 1.0 / layout[kAk];
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     double xr = r * p[0], D = r * p[1] + phi0;
     double g = std::exp(xr), h = std::exp(-xr);
@@ -136,39 +143,14 @@ void gx_transverse_mercator_sphere_inverse(double ak, double lam0, double phi0, 
     p[1] = std::asin(s);
     p[0] = gx_delta_fast(std::atan2(g - h, 2 * std::cos(D)) + lam0);
   }
-}
-
-int32_t gx_transverse_mercator_forward(const double* sphere, double* parms, int32_t n,
-                                       double* coords, const int32_t* ints,
-                                       const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  const double* c = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_FORWARD);
-  if (gx_is_sphere(sphere))
-    gx_transverse_mercator_sphere_forward(c[kAk], c[kHalfAk], parms[GX_PARM_CENTRAL_MERIDIAN],
-                                          parms[GX_PARM_LATITUDE_OF_ORIGIN], n, coords);
-  else
-    ellipsoid_forward(c, sphere[0], sphere[1], parms, n, coords);
   return n;
 }
 
-int32_t gx_transverse_mercator_inverse(const double* sphere, double* parms, int32_t n,
-                                       double* coords, const int32_t* ints,
-                                       const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  // The origin's rectifying latitude needs the forward series too.
-  const double* c = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_BOTH);
-  if (gx_is_sphere(sphere))
-    gx_transverse_mercator_sphere_inverse(c[kAk], parms[GX_PARM_CENTRAL_MERIDIAN],
-                                          parms[GX_PARM_LATITUDE_OF_ORIGIN], n, coords);
-  else
-    ellipsoid_inverse(c, sphere[0], sphere[1], parms, n, coords);
-  return n;
-}
-
-int32_t gx_transverse_mercator_constants(gx_constants* block, const double* sphere,
-                                         const double* parms) {
-  int32_t count = gx_is_sphere(sphere) ? kSphereCount : kEllipsoidCount;
-  return gx_layout_load(block, count, setup, sphere, parms);
-}
+// The inverse needs the forward series too, for the origin's rectifying
+// latitude.
+GX_DEFINE_PROJECTION(transverse_mercator, setup,
+                     (gx_branch<gx_transverse_mercator_sphere_forward, ellipsoid_forward>),
+                     GX_SERIES_FORWARD,
+                     (gx_branch<gx_transverse_mercator_sphere_inverse, ellipsoid_inverse>),
+                     GX_SERIES_BOTH)
+GX_DEFINE_LOADER(transverse_mercator, setup, kSphereCount, kEllipsoidCount)

@@ -4,45 +4,30 @@
 // Scale_Factor (slot 5) and Latitude_Of_Origin (slot 6).
 #pragma once
 
-#include "projections/contract.h"
+#include "projections/setup.h"
 
 // Transverse_Mercator and Gauss_Kruger: series through the eighth order in
 // the longitude difference on the ellipsoid, closed forms on the sphere.
-int32_t gx_transverse_mercator_forward(const double* sphere, double* parms, int32_t n,
-                                       double* coords, const int32_t* ints,
-                                       const double* doubles);
-int32_t gx_transverse_mercator_inverse(const double* sphere, double* parms, int32_t n,
-                                       double* coords, const int32_t* ints,
-                                       const double* doubles);
-int32_t gx_transverse_mercator_constants(gx_constants* block, const double* sphere,
-                                         const double* parms);
+GX_DECLARE_PROJECTION(transverse_mercator);
+GX_DECLARE_LOADER(transverse_mercator);
 
 // Cassini: the transverse equidistant cylinder, a short series on the
 // ellipsoid.
-int32_t gx_cassini_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                           const int32_t* ints, const double* doubles);
-int32_t gx_cassini_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                           const int32_t* ints, const double* doubles);
-int32_t gx_cassini_constants(gx_constants* block, const double* sphere, const double* parms);
+GX_DECLARE_PROJECTION(cassini);
+GX_DECLARE_LOADER(cassini);
 
 // Transverse_Mercator_Complex: the exact transverse Mercator through Jacobi
 // elliptic functions of a complex argument.  Returns the number of points
 // that converged; the others hold NaN.
-int32_t gx_transverse_mercator_complex_forward(const double* sphere, double* parms, int32_t n,
-                                               double* coords, const int32_t* ints,
-                                               const double* doubles);
-int32_t gx_transverse_mercator_complex_inverse(const double* sphere, double* parms, int32_t n,
-                                               double* coords, const int32_t* ints,
-                                               const double* doubles);
-int32_t gx_transverse_mercator_complex_constants(gx_constants* block, const double* sphere,
-                                                 const double* parms);
+GX_DECLARE_PROJECTION(transverse_mercator_complex);
+GX_DECLARE_LOADER(transverse_mercator_complex);
 
 // The sphere branch that Transverse_Mercator and Transverse_Mercator_Complex
-// share: `ak` is k0 * a, `half_ak` half of it, phi0 the latitude of origin.
-void gx_transverse_mercator_sphere_forward(double ak, double half_ak, double lam0, double phi0,
-                                           int32_t n, double* coords);
-void gx_transverse_mercator_sphere_inverse(double ak, double lam0, double phi0, int32_t n,
-                                           double* coords);
+// share, as point loops over the layout [0] k0 * a, [1] half of it.
+int32_t gx_transverse_mercator_sphere_forward(const double* layout, const double* sphere,
+                                              const double* parms, int32_t n, double* coords);
+int32_t gx_transverse_mercator_sphere_inverse(const double* layout, const double* sphere,
+                                              const double* parms, int32_t n, double* coords);
 
 // Jacobi's sn(z | m) of a complex argument, by descending Landen steps for
 // the real part (parameter m) and the imaginary part (parameter 1 - m) and

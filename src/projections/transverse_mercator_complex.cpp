@@ -6,8 +6,6 @@
 // the functions count the points that converged.
 #include "projections/transverse_mercator.h"
 
-#include "projections/setup.h"
-
 namespace {
 
 // Layout of the doubles.
@@ -27,31 +25,23 @@ constexpr int32_t kEllipsoidCount = kTable + GX_TABLE_ROOM;
 
 constexpr int kNewtonSteps = 50;
 
-// Thin value forms of the kernel's complex helpers.
-gx_complex add(gx_complex a, gx_complex b) {
+// Value forms of the kernel's complex helpers.
+template <gx_complex* (*op)(gx_complex, gx_complex, gx_complex*)>
+gx_complex binary(gx_complex a, gx_complex b) {
   gx_complex r;
-  return *gx_cplx_add(a, b, &r);
+  return *op(a, b, &r);
 }
-gx_complex sub(gx_complex a, gx_complex b) {
+template <gx_complex* (*op)(gx_complex, gx_complex*)>
+gx_complex unary(gx_complex z) {
   gx_complex r;
-  return *gx_cplx_sub(a, b, &r);
+  return *op(z, &r);
 }
-gx_complex mul(gx_complex a, gx_complex b) {
-  gx_complex r;
-  return *gx_cplx_mul(a, b, &r);
-}
-gx_complex div(gx_complex a, gx_complex b) {
-  gx_complex r;
-  return *gx_cplx_div(a, b, &r);
-}
-gx_complex csqrt(gx_complex z) {
-  gx_complex r;
-  return *gx_cplx_sqrt(z, &r);
-}
-gx_complex catanh(gx_complex z) {
-  gx_complex r;
-  return *gx_cplx_atanh(z, &r);
-}
+constexpr auto add = binary<gx_cplx_add>;
+constexpr auto sub = binary<gx_cplx_sub>;
+constexpr auto mul = binary<gx_cplx_mul>;
+constexpr auto div = binary<gx_cplx_div>;
+constexpr auto csqrt = unary<gx_cplx_sqrt>;
+constexpr auto catanh = unary<gx_cplx_atanh>;
 gx_complex scale(double k, gx_complex z) { return {k * z.re, k * z.im}; }
 gx_complex real(double x) { return {x, 0.0}; }
 double modulus(gx_complex z) { return gx_hypot(z.re, z.im); }
@@ -155,7 +145,9 @@ void setup(const double* sphere, const double* parms, int mask, double* layout) 
   gx_chi_series_init(e2, layout + kTable, mask);
 }
 
-int32_t ellipsoid_forward(const double* c, double e2, double lam0, int32_t n, double* coords) {
+int32_t ellipsoid_forward(const double* c, const double* sphere, const double* parms, int32_t n,
+                          double* coords) {
+  const double e2 = sphere[1], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   const double ak = c[kAk], e = c[kE], onee2 = c[kOneMinusE2], m0 = c[kM0];
   const double* table = c + kTable;
   int32_t converted = 0;
@@ -190,7 +182,9 @@ int32_t ellipsoid_forward(const double* c, double e2, double lam0, int32_t n, do
   return converted;
 }
 
-int32_t ellipsoid_inverse(const double* c, double e2, double lam0, int32_t n, double* coords) {
+int32_t ellipsoid_inverse(const double* c, const double* sphere, const double* parms, int32_t n,
+                          double* coords) {
+  const double e2 = sphere[1], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   const double e = c[kE], onee2 = c[kOneMinusE2], m0 = c[kM0], r = 1.0 / c[kAk];
   const double* table = c + kTable;
   int32_t converted = 0;
@@ -245,34 +239,11 @@ gx_complex* gx_cplx_ellint_e(gx_complex z, double m, gx_complex* result) {
   return result;
 }
 
-int32_t gx_transverse_mercator_complex_forward(const double* sphere, double* parms, int32_t n,
-                                               double* coords, const int32_t* ints,
-                                               const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  const double* c = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_FORWARD);
-  const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  if (!gx_is_sphere(sphere)) return ellipsoid_forward(c, sphere[1], lam0, n, coords);
-  gx_transverse_mercator_sphere_forward(c[kSphereAk], c[kSphereHalfAk], lam0,
-                                        parms[GX_PARM_LATITUDE_OF_ORIGIN], n, coords);
-  return n;
-}
-
-int32_t gx_transverse_mercator_complex_inverse(const double* sphere, double* parms, int32_t n,
-                                               double* coords, const int32_t* ints,
-                                               const double* doubles) {
-  if (n < 1) return 0;
-  double local[kEllipsoidCount];
-  const double* c = gx_layout(doubles, local, setup, sphere, parms, GX_SERIES_INVERSE);
-  const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  if (!gx_is_sphere(sphere)) return ellipsoid_inverse(c, sphere[1], lam0, n, coords);
-  gx_transverse_mercator_sphere_inverse(c[kSphereAk], lam0, parms[GX_PARM_LATITUDE_OF_ORIGIN], n,
-                                        coords);
-  return n;
-}
-
-int32_t gx_transverse_mercator_complex_constants(gx_constants* block, const double* sphere,
-                                                 const double* parms) {
-  int32_t count = gx_is_sphere(sphere) ? kSphereCount : kEllipsoidCount;
-  return gx_layout_load(block, count, setup, sphere, parms);
-}
+// The sphere branch is Transverse_Mercator's and counts every point; the
+// ellipsoid's counts the points that converged.
+GX_DEFINE_PROJECTION(transverse_mercator_complex, setup,
+                     (gx_branch<gx_transverse_mercator_sphere_forward, ellipsoid_forward>),
+                     GX_SERIES_FORWARD,
+                     (gx_branch<gx_transverse_mercator_sphere_inverse, ellipsoid_inverse>),
+                     GX_SERIES_INVERSE)
+GX_DEFINE_LOADER(transverse_mercator_complex, setup, kSphereCount, kEllipsoidCount)

@@ -236,3 +236,55 @@ TEST(Converter, ListsEveryProjection) {
 }
 
 }  // namespace
+
+namespace {
+
+// A thousand places, with Oslo, Longyearbyen, the South Pole and McMurdo
+// among them, become references and come back into their cells.
+class ConverterReferences : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(ConverterReferences, ThousandPlacesComeBackIntoTheirCells) {
+  std::string places = kData + "/../places_" + GetParam() + ".txt";
+  std::string references = kData + "/../references_" + GetParam() + ".txt";
+  std::vector<std::pair<double, double>> points = {
+      {10.7522, 59.9139}, {15.6356, 78.2232}, {0.0, -90.0}, {166.6863, -77.8419}};
+  unsigned state = 12345;
+  auto next = [&state]() {
+    state = state * 1103515245u + 12345u;
+    return (state >> 8) / 16777216.0;
+  };
+  while (points.size() < 1000) points.push_back({-180.0 + 360.0 * next(), -80.0 + 164.0 * next()});
+  {
+    std::ofstream file(places);
+    file.precision(12);
+    for (auto& p : points) file << p.first << " " << p.second << "\n";
+  }
+  const std::string kind = GetParam();
+  ToolRun to = RunTool("--from @" + kData + "/wgs84.wkt --to " + kind + ":5 " + places);
+  EXPECT_EQ(to.status, 0);
+  ASSERT_EQ(to.lines.size(), points.size());
+  {
+    std::ofstream file(references);
+    for (auto& line : to.lines) file << line << "\n";
+  }
+  ToolRun back = RunTool("--from " + kind + " --to @" + kData + "/wgs84.wkt " + references);
+  EXPECT_EQ(back.status, 0);
+  ASSERT_EQ(back.lines.size(), points.size());
+  for (size_t i = 0; i < points.size(); ++i) {
+    double lon = 0, lat = 0;
+    std::istringstream(back.lines[i]) >> lon >> lat;
+    // Precision 5 is a 1 m MGRS square, or a 0.001 minute GEOREF cell; the
+    // reading gives a corner, so the place lies within a few metres of it.
+    double dy = (lat - points[i].second) * 111320.0;
+    double dx = std::remainder(lon - points[i].first, 360.0) * 111320.0 *
+                std::cos(points[i].second * 0.017453292519943295);
+    EXPECT_LT(std::hypot(dx, dy), 3.0) << kind << " " << to.lines[i] << " for "
+                                       << points[i].first << " " << points[i].second;
+  }
+  std::remove(places.c_str());
+  std::remove(references.c_str());
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, ConverterReferences, ::testing::Values("MGRS", "GEOREF"));
+
+}  // namespace
