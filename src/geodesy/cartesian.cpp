@@ -41,7 +41,7 @@ void gx_cartesian_from_curv(const gx_cartesian_ellipsoid& ellipsoid, double phi,
                             double h, double* x, double* y, double* z) {
   const double sin_phi = std::sin(phi), cos_phi = std::cos(phi);
   const double sin_lambda = std::sin(lambda), cos_lambda = std::cos(lambda);
-  const double n = gx_n_of_w(ellipsoid.a, gx_w_of_sin(ellipsoid.e2, sin_phi));
+  const double n = gx_n_of_sin(ellipsoid.a, ellipsoid.e2, sin_phi);
   *x = (n + h) * cos_lambda * cos_phi;
   *y = (n + h) * sin_lambda * cos_phi;
   *z = (ellipsoid.one_minus_e2 * n + h) * sin_phi;

@@ -40,11 +40,14 @@ void gx_series_coefficients(const gx_series_table& table, double t, double* c);
 // cosine.
 double gx_series_sum(const double* c, double x);
 
-// The radii of gx_w, gx_m and gx_n from a sine of the latitude already at
-// hand, for per-point code that needs several of them: the same expressions,
-// so the same results.
-inline double gx_w_of_sin(double e2, double sin_phi) {
-  return std::sqrt(1.0 - sin_phi * sin_phi * e2);
-}
+// The radii of curvature from the sine of the latitude already at hand, for
+// per-point code that would otherwise take a second sine: the instructions
+// of gx_w, gx_n and gx_m, so the same results.  The _of_w forms serve code
+// that needs w itself besides.
+inline double gx_w_of_sin(double e2, double s) { return std::sqrt(1.0 - s * s * e2); }
 inline double gx_m_of_w(double a, double e2, double w) { return ((1.0 - e2) * a) / (w * w * w); }
 inline double gx_n_of_w(double a, double w) { return a / w; }
+inline double gx_n_of_sin(double a, double e2, double s) { return gx_n_of_w(a, gx_w_of_sin(e2, s)); }
+inline double gx_m_of_sin(double a, double e2, double s) {
+  return gx_m_of_w(a, e2, gx_w_of_sin(e2, s));
+}
