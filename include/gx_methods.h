@@ -13,6 +13,9 @@
  *   <home>/harn/<name>.los and .las      HARN grid pairs
  *   <home>/ntv2/<name>.gsb               NTv2 grid shift files
  *   <home>/vertical/...                  vertical grids
+ * A data set name may name sub-directories with '/' or '\'.  A name that
+ * starts at the root or holds a ".." component finds no file, so that a
+ * definition read from untrusted text never opens a file outside the home.
  * The home is process-wide and unguarded: set it before converting, not
  * while another thread converts.  Until one of the set functions has run,
  * the first lookup takes the home from the environment variable GXDATAHOME,

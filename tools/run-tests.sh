@@ -14,6 +14,8 @@ command -v clang++ >/dev/null || need+=(clang)
 command -v pkg-config >/dev/null || need+=(pkg-config)
 [ -f /usr/include/gtest/gtest.h ] || need+=(libgtest-dev)
 [ -f /usr/include/benchmark/benchmark.h ] || need+=(libbenchmark-dev)
+# Published NTv2 grids that the tests read (BETA2007.gsb, ntf_r93.gsb, ...).
+[ -f /usr/share/proj/BETA2007.gsb ] || need+=(proj-data)
 if [ ${#need[@]} -gt 0 ]; then
   apt-get update -qq && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "${need[@]}" >/dev/null
 fi

@@ -107,17 +107,11 @@ double gx_series_sum(const double* c, double x) {
 
 // ---- radii ---------------------------------------------------------------------
 
-double gx_w(double e2, double phi) {
-  double s = std::sin(phi);
-  return std::sqrt(1.0 - s * s * e2);
-}
+double gx_w(double e2, double phi) { return gx_w_of_sin(e2, std::sin(phi)); }
 
-double gx_m(double a, double e2, double phi) {
-  double w = gx_w(e2, phi);
-  return ((1.0 - e2) * a) / (w * w * w);
-}
+double gx_m(double a, double e2, double phi) { return gx_m_of_w(a, e2, gx_w(e2, phi)); }
 
-double gx_n(double a, double e2, double phi) { return a / gx_w(e2, phi); }
+double gx_n(double a, double e2, double phi) { return gx_n_of_w(a, gx_w(e2, phi)); }
 
 double gx_auth_r(double a, double e2) {
   if (e2 < GX_EPS) return a;

@@ -4,6 +4,8 @@
 // sin 2x times a polynomial in cos 2x).
 #pragma once
 
+#include <cmath>
+
 #include "gx_geodesy.h"
 
 // The nearest doubles to pi, pi/2, pi/4 and 2 pi.
@@ -37,3 +39,15 @@ void gx_series_coefficients(const gx_series_table& table, double t, double* c);
 // sin 2x * (c0 + C (c1 + C (c2 + ... + C c6))), C = cos 2x: one sine, one
 // cosine.
 double gx_series_sum(const double* c, double x);
+
+// The radii of curvature from the sine of the latitude already at hand, for
+// per-point code that would otherwise take a second sine: the instructions
+// of gx_w, gx_n and gx_m, so the same results.  The _of_w forms serve code
+// that needs w itself besides.
+inline double gx_w_of_sin(double e2, double s) { return std::sqrt(1.0 - s * s * e2); }
+inline double gx_m_of_w(double a, double e2, double w) { return ((1.0 - e2) * a) / (w * w * w); }
+inline double gx_n_of_w(double a, double w) { return a / w; }
+inline double gx_n_of_sin(double a, double e2, double s) { return gx_n_of_w(a, gx_w_of_sin(e2, s)); }
+inline double gx_m_of_sin(double a, double e2, double s) {
+  return gx_m_of_w(a, e2, gx_w_of_sin(e2, s));
+}

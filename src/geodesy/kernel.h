@@ -4,6 +4,7 @@
 #pragma once
 
 #include "gx_geodesy.h"
+#include "geodesy/cartesian.h"
 #include "geodesy/complex.h"
 #include "geodesy/ellipsoid.h"
 #include "geodesy/elliptic.h"

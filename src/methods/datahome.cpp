@@ -35,8 +35,24 @@ int join_part(char* path, const char* part) {
   return 1;
 }
 
+// A data set name comes from definition text that may not be trusted: it
+// must stay below the data home.  A name that starts at the root, or that
+// has a ".." component, could reach any file of the machine.  `name` has
+// '/' for either separator already.
+int climbs_out_of_home(const char* name) {
+  if (name[0] == '/') return 1;
+  for (const char* part = name; *part != '\0';) {
+    const size_t length = strcspn(part, "/");
+    if (length == 2 && part[0] == '.' && part[1] == '.') return 1;
+    part += length;
+    if (*part == '/') ++part;
+  }
+  return 0;
+}
+
 // A data set name as it goes into a path: prefix removed, either separator
-// taken for this host's '/', optionally lowered.  0 if empty or too long.
+// taken for this host's '/', optionally lowered.  0 if empty, too long, or
+// naming a place outside the data home.
 int clean_dataset_name(const char* dataset, int lower, char* name) {
   if (dataset == nullptr) return 0;
   const char* rest = strip_dataset_prefix(dataset);
@@ -46,7 +62,7 @@ int clean_dataset_name(const char* dataset, int lower, char* name) {
     char c = rest[i] == '\\' ? '/' : rest[i];
     name[i] = lower ? static_cast<char>(tolower(static_cast<unsigned char>(c))) : c;
   }
-  return 1;
+  return !climbs_out_of_home(name);
 }
 
 // <home>/<subdirectory>/<name>; 0 with an empty path when it can't be built.

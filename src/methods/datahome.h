@@ -1,7 +1,10 @@
 // The data home and the rules that turn a data set name into the path of a
 // grid file below it.  A data set name is what follows "Dataset_" in the name
 // of a transformation's data set parameter, possibly still carrying that
-// prefix; it may name sub-directories with '/' or '\'.
+// prefix; it may name sub-directories with '/' or '\'.  The name comes from
+// definition text that may not be trusted, so a name that starts at the root
+// or holds a ".." component is refused like a missing file: no definition
+// can make the library open a file outside the data home.
 #pragma once
 
 #include <cstdio>
@@ -24,7 +27,8 @@ int gx_file_exists(const char* path);
 
 // Paths of a NADCON-layout grid pair: <home>/<subdirectory>/<name>.los and
 // .las.  Returns 1 when both are built; 0 (both empty) without a home, with an
-// empty name, or when a path would not fit GX_PATH_SIZE.
+// empty name or one that would leave the home, or when a path would not fit
+// GX_PATH_SIZE.
 int gx_grid_pair_paths(const char* dataset, const char* subdirectory, char* los_path,
                        char* las_path);
 // Path of an NTv2 file, <home>/ntv2/<name>[.gsb]; `lower` lowers the name's

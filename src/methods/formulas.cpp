@@ -3,6 +3,8 @@
 // coordinates; the Molodensky pair works on geodetic coordinates directly.
 #include <cmath>
 
+#include "geodesy/cartesian.h"
+#include "geodesy/ellipsoid.h"
 #include "gx_geodesy.h"
 #include "methods/methods.h"
 
@@ -116,18 +118,22 @@ void badekas_translation(const double* parms, const double* m, double* translati
 
 // Each point: geodetic on `from` to Cartesian, the shift, back to geodetic
 // on `to`; latitude clamped, longitude wrapped, height written if wanted.
+// The constants of both ellipsoids are set up once for the whole array.
 void shift_points(const double* from, const double* to, const cartesian_shift& shift,
                   int32_t n, double* coords, double* z) {
+  gx_cartesian_ellipsoid source, target;
+  gx_cartesian_setup(from[0], from[1], &source);
+  gx_cartesian_setup(to[0], to[1], &target);
+  const double* m = shift.rotation;
   for (int32_t i = 0; i < n; ++i) {
     double* point = coords + 2 * i;
     const double h = z != nullptr ? z[i] : 0.0;
     double x, y, w;
-    gx_curv_to_cart(from[0], from[1], point[1], point[0], h, &x, &y, &w);
+    gx_cartesian_from_curv(source, point[1], point[0], h, &x, &y, &w);
     x += shift.before[0];
     y += shift.before[1];
     w += shift.before[2];
     if (shift.rotate) {
-      const double* m = shift.rotation;
       const double rx = m[0] * x + m[1] * y + m[2] * w;
       const double ry = m[3] * x + m[4] * y + m[5] * w;
       const double rw = m[6] * x + m[7] * y + m[8] * w;
@@ -139,7 +145,7 @@ void shift_points(const double* from, const double* to, const cartesian_shift& s
     y += shift.after[1];
     w += shift.after[2];
     double phi, lambda, height;
-    gx_cart_to_curv(to[0], to[1], x, y, w, &phi, &lambda, &height);
+    gx_cartesian_to_curv(target, x, y, w, &phi, &lambda, &height);
     point[0] = gx_delta(lambda);
     point[1] = clamp_latitude(phi);
     if (z != nullptr) z[i] = height;
@@ -182,9 +188,9 @@ void molodensky_points(const molodensky_terms& t, int32_t n, double* coords, dou
     const double lambda = point[0], phi = point[1];
     const double sin_phi = sin(phi), cos_phi = cos(phi);
     const double sin_lambda = sin(lambda), cos_lambda = cos(lambda);
-    const double m = gx_m(t.a, t.e2, phi);
-    const double nu = gx_n(t.a, t.e2, phi);
-    const double w = gx_w(t.e2, phi);
+    const double w = gx_w_of_sin(t.e2, sin_phi);
+    const double m = gx_m_of_w(t.a, t.e2, w);
+    const double nu = gx_n_of_w(t.a, w);
     const double horizontal = t.dy * sin_lambda + t.dx * cos_lambda;
     const double dphi =
         (((m / one_minus_f + one_minus_f * nu) * sin_phi * t.df + t.dz) * cos_phi -
@@ -209,8 +215,9 @@ void molodensky_abridged_points(const molodensky_terms& t, int32_t n, double* co
     const double lambda = point[0], phi = point[1];
     const double sin_phi = sin(phi), cos_phi = cos(phi);
     const double sin_lambda = sin(lambda), cos_lambda = cos(lambda);
-    const double m = gx_m(t.a, t.e2, phi);
-    const double nu = gx_n(t.a, t.e2, phi);
+    const double w = gx_w_of_sin(t.e2, sin_phi);
+    const double m = gx_m_of_w(t.a, t.e2, w);
+    const double nu = gx_n_of_w(t.a, w);
     const double tk = k * sin_phi;
     const double horizontal = t.dy * sin_lambda + t.dx * cos_lambda;
     const double dphi = ((2.0 * tk + t.dz) * cos_phi - horizontal * sin_phi) / m;

@@ -24,12 +24,6 @@ void close_file(FILE* file) {
   if (file != nullptr) fclose(file);
 }
 
-int32_t cell_index(double g, int32_t last) {
-  if (last <= 0 || !(g > 0.0)) return 0;
-  if (g >= static_cast<double>(last)) return last;
-  return static_cast<int32_t>(g);
-}
-
 void* alloc_array(int64_t count, size_t size) {
   if (count < 1 || count > INT64_MAX / static_cast<int64_t>(size)) return nullptr;
   const int64_t bytes = count * static_cast<int64_t>(size);

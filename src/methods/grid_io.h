@@ -29,7 +29,11 @@ void close_file(FILE* file);
 
 // Index of the cell that holds grid coordinate g, in 0..last; values below,
 // above or NaN are taken to the nearest end rather than cast.
-int32_t cell_index(double g, int32_t last);
+inline int32_t cell_index(double g, int32_t last) {
+  if (last <= 0 || !(g > 0.0)) return 0;
+  if (g >= static_cast<double>(last)) return last;
+  return static_cast<int32_t>(g);
+}
 
 // t0 at (ix, iy), t1 at (ix + 1, iy), t2 at (ix, iy + 1), t3 at (ix + 1, iy + 1).
 inline double bilinear(const float* t, double fx, double fy) {

@@ -419,27 +419,27 @@ int32_t find_grid(const grid_set& set, double x, double y, int* rank) {
   return grid;
 }
 
-// The four corners of the node cell, with rows or columns beyond the grid
-// folded onto the last by the rank of the point.
-void corners(const grid_view& g, const float* plane, int32_t ix, int32_t iy, int rank,
-             float* t) {
-  const int32_t ix1 = ix + 1 < g.columns ? ix + 1 : ix;
-  const int32_t iy1 = iy + 1 < g.rows ? iy + 1 : iy;
+// Where the four corners t0..t3 of a node cell lie in a plane.  A row or
+// column beyond the grid, and the one that the rank of the point rules out
+// (no row north of the north edge, no column west of the west edge), is
+// folded onto the cell's own, so that t2 = t0 and t3 = t1, or t1 = t0 and
+// t3 = t2, or all four are t0.  Both planes share the indexes.
+void cell_nodes(const grid_view& g, int32_t ix, int32_t iy, int rank, int64_t* k) {
+  const int west_cut = rank == kWestEdge || rank == kNorthWestCorner || ix + 1 >= g.columns;
+  const int north_cut = rank == kNorthEdge || rank == kNorthWestCorner || iy + 1 >= g.rows;
+  const int32_t ix1 = west_cut ? ix : ix + 1;
+  const int32_t iy1 = north_cut ? iy : iy + 1;
   const int64_t row0 = static_cast<int64_t>(iy) * g.columns;
   const int64_t row1 = static_cast<int64_t>(iy1) * g.columns;
-  t[0] = plane[row0 + ix];
-  t[1] = plane[row0 + ix1];
-  t[2] = plane[row1 + ix];
-  t[3] = plane[row1 + ix1];
-  if (rank == kNorthEdge) {
-    t[2] = t[0];
-    t[3] = t[1];
-  } else if (rank == kWestEdge) {
-    t[1] = t[0];
-    t[3] = t[2];
-  } else if (rank == kNorthWestCorner) {
-    t[1] = t[2] = t[3] = t[0];
-  }
+  k[0] = row0 + ix;
+  k[1] = row0 + ix1;
+  k[2] = row1 + ix;
+  k[3] = row1 + ix1;
+}
+
+double interpolate(const float* plane, const int64_t* k, double fx, double fy) {
+  const float t[4] = {plane[k[0]], plane[k[1]], plane[k[2]], plane[k[3]]};
+  return bilinear(t, fx, fy);
 }
 
 // Shifts in arc-seconds at (x, y) degrees; 0 when no grid holds the point.
@@ -454,11 +454,10 @@ int shifts_at(const grid_set& set, double x, double y, double* dlon, double* dla
   const int32_t iy = cell_index(gy, g.rows - 1);
   const double fx = gx - ix;
   const double fy = gy - iy;
-  float t[4];
-  corners(g, g.lon, ix, iy, rank, t);
-  *dlon = bilinear(t, fx, fy);
-  corners(g, g.lat, ix, iy, rank, t);
-  *dlat = bilinear(t, fx, fy);
+  int64_t k[4];
+  cell_nodes(g, ix, iy, rank, k);
+  *dlon = interpolate(g.lon, k, fx, fy);
+  *dlat = interpolate(g.lat, k, fx, fy);
   return 1;
 }
 

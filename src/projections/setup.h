@@ -78,15 +78,6 @@ inline bool gx_is_unit(double value) {
   return std::fabs(a - 1.0) <= ((a + 1.0) / 2 + 1) * GX_EPS;
 }
 
-// The radii of curvature from the sine of the latitude already at hand: the
-// instructions of gx_w, gx_n and gx_m, without a second sine.
-inline double gx_w_of_sin(double e2, double s) { return std::sqrt(1.0 - s * s * e2); }
-inline double gx_n_of_sin(double a, double e2, double s) { return a / gx_w_of_sin(e2, s); }
-inline double gx_m_of_sin(double a, double e2, double s) {
-  double w = gx_w_of_sin(e2, s);
-  return ((1.0 - e2) * a) / (w * w * w);
-}
-
 // ---- declaring and defining the functions of a projection -----------------------
 
 // Declares gx_<name>_forward and gx_<name>_inverse, of the form

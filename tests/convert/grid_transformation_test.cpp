@@ -2,11 +2,13 @@
 // the grid read once through the data home, and the rules for grid methods.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
 
 #include "frame/hook_support.h"
 #include "gx_convert.h"
 #include "gx_objects.h"
+#include "methods/datahome.h"
 #include "methods/grid_files.h"
 
 namespace {
@@ -49,6 +51,43 @@ TEST(GridTransformation, ShiftsThroughTheDataHomeAndBack) {
   double off[4] = {20.0, 11.0, 50.0, 50.0};
   EXPECT_EQ(gx_geog1_to_geog2(tran, 2, off, nullptr), 1);
   EXPECT_NEAR(off[2], 50.0, 1e-12);
+  gx_geogtran_del(tran);
+}
+
+// A definition may come from anywhere: its data set name must not make the
+// library open a file outside the data home, even one that is a valid grid.
+TEST(GridTransformation, DatasetNameCannotLeaveTheDataHome) {
+  temp_datahome temp;
+  temp.write("home/ntv2/inside.gsb", ConstantGrid());
+  temp.write("secret/outside.gsb", ConstantGrid());
+  const std::string home = temp.path() + "/home";
+  gx_datahome_setdir(home.c_str());
+  const std::string absolute = temp.path() + "/secret/outside";
+  ASSERT_LT(absolute.size() + 8, static_cast<size_t>(GX_NAME_SIZE)) << "the name must fit";
+  // Joined naively, the climbing names do reach the file.
+  FILE* reachable = fopen((home + "/ntv2/../../secret/outside.gsb").c_str(), "rb");
+  ASSERT_NE(reachable, nullptr);
+  fclose(reachable);
+
+  const std::string names[] = {"Dataset_../../secret/outside", "Dataset_..\\..\\secret\\outside",
+                               "Dataset_" + absolute, "Dataset_inside/../../../secret/outside"};
+  for (const std::string& name : names) {
+    SCOPED_TRACE(name);
+    gx_geogtran* tran = gx_geogtran_from_string(Ntv2(",PARAMETER[\"" + name + "\",0.0]").c_str());
+    ASSERT_NE(tran, nullptr);
+    double ll[2] = {20.0, 11.0};
+    EXPECT_EQ(gx_geog1_to_geog2(tran, 1, ll, nullptr), 0);
+    EXPECT_EQ(gx_geog2_to_geog1(tran, 1, ll, nullptr), 0);
+    EXPECT_EQ(ll[0], 20.0);
+    EXPECT_EQ(ll[1], 11.0);
+    gx_geogtran_del(tran);
+  }
+  // The same transformation with a name inside the home shifts.
+  gx_geogtran* tran = gx_geogtran_from_string(Ntv2(",PARAMETER[\"Dataset_inside\",0.0]").c_str());
+  ASSERT_NE(tran, nullptr);
+  double ll[2] = {20.0, 11.0};
+  EXPECT_EQ(gx_geog1_to_geog2(tran, 1, ll, nullptr), 1);
+  EXPECT_NEAR(ll[1], 11.0 + 1.5 / 3600, 1e-12);
   gx_geogtran_del(tran);
 }
 

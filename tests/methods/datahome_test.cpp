@@ -129,6 +129,57 @@ TEST_F(DataHome, Ntv2Paths) {
   }
 }
 
+// A data set name comes from definition text: one that could climb out of
+// the home, by a ".." component in either separator form or by starting at
+// the root, finds no file, whatever exists there.  The name is judged, not
+// the file system, so ".." is refused even where it would come back down
+// inside the home.
+TEST_F(DataHome, NamesThatLeaveTheHomeAreRefused) {
+  gx_test::temp_datahome temp;
+  temp.write("ntv2/inside.gsb", {1, 2, 3});
+  temp.write("nadcon/inside.los", {1});
+  temp.write("nadcon/inside.las", {1});
+  const std::string outside = temp.path() + "/outside";
+  temp.write("outside.gsb", {1, 2, 3});
+  const std::string climbing[] = {
+      "../outside",          "Dataset_../outside",  "..\\outside",
+      "DATASET_..\\outside", "a/../../outside",     "a\\..\\..\\outside",
+      "ntv2/..",             "..",                  "x/../..\\outside",
+      outside,               "Dataset_" + outside,  "\\" + outside.substr(1),
+  };
+  char path[GX_PATH_SIZE], las[GX_PATH_SIZE];
+  for (const std::string& name : climbing) {
+    SCOPED_TRACE(name);
+    EXPECT_EQ(gx_ntv2_path(name.c_str(), 0, path), 0);
+    EXPECT_STREQ(path, "");
+    EXPECT_EQ(gx_ntv2_path(name.c_str(), 1, path), 0);
+    EXPECT_EQ(gx_ntv2_open(name.c_str()), nullptr);
+    EXPECT_EQ(gx_grid_pair_paths(name.c_str(), "nadcon", path, las), 0);
+    EXPECT_STREQ(las, "");
+    EXPECT_EQ(gx_vertical_open(path, "geoid", name.c_str(), "gsb"), nullptr);
+    EXPECT_STREQ(path, "");
+  }
+  // The refusal is not of every dot: names that merely hold dots stay below
+  // the home, and so does one that steps down and back up inside it.
+  struct kept_case {
+    const char* name;
+    const char* relative;
+  };
+  const kept_case kept[] = {
+      {"..inside", "/ntv2/..inside.gsb"},
+      {"inside..", "/ntv2/inside...gsb"},
+      {"a.../b", "/ntv2/a.../b.gsb"},
+      {"./inside", "/ntv2/./inside.gsb"},
+  };
+  for (const kept_case& c : kept) {
+    ASSERT_EQ(gx_ntv2_path(c.name, 0, path), 1) << c.name;
+    EXPECT_EQ(std::string(path), temp.path() + c.relative);
+  }
+  FILE* file = gx_ntv2_open("./inside");
+  ASSERT_NE(file, nullptr);
+  fclose(file);
+}
+
 TEST_F(DataHome, VerticalFiles) {
   char path[GX_PATH_SIZE];
   EXPECT_EQ(gx_vertical_open(path, "geoid", "g2012a", "bin"), nullptr);

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "methods/grid_files.h"
+
 namespace {
 
 const std::string kData = GX_TEST_DATA_DIR;
@@ -19,9 +21,10 @@ struct ToolRun {
   std::vector<std::string> lines;
 };
 
-ToolRun RunTool(const std::string& arguments) {
+// `environment` is put before the command, as "NAME=value ...".
+ToolRun RunTool(const std::string& arguments, const std::string& environment = "") {
   ToolRun run;
-  std::string command = kTool + " " + arguments + " 2>/dev/null";
+  std::string command = environment + " " + kTool + " " + arguments + " 2>/dev/null";
   FILE* pipe = popen(command.c_str(), "r");
   char line[4096];
   while (pipe != nullptr && std::fgets(line, sizeof line, pipe) != nullptr) {
@@ -67,6 +70,121 @@ TEST(Converter, ThousandPointsToUtm33AgreeWithProjToAMillimetre) {
     EXPECT_NEAR(x, expected[i].first, 1e-3) << "line " << i + 1;
     EXPECT_NEAR(y, expected[i].second, 1e-3) << "line " << i + 1;
   }
+}
+
+// A converted line: two numbers and whatever followed them.
+struct OutputPoint {
+  double x = 0, y = 0;
+  std::string rest;
+};
+
+OutputPoint ParseLine(const std::string& line) {
+  OutputPoint p;
+  std::istringstream in(line);
+  in >> p.x >> p.y;
+  std::getline(in, p.rest);
+  return p;
+}
+
+// NAD 27 to NAD 83 over southern Ontario: a quarter-degree root grid, 41N to
+// 47N and 74W to 84W, with a denser child around Toronto.  Shifts in
+// arc-seconds, smooth and of the size the real ones have; NTv2 longitudes
+// are positive west, so column 0 is the east edge.
+gx_test::ntv2_file OntarioGrid() {
+  gx_test::ntv2_file file;
+  file.grids.push_back({"ONTARIO", "NONE", 147600, 169200, 266400, 302400, 900, 900,
+                        gx_test::bilinear_field(0.12f, 0.004f, 0.006f, -1e-4f),
+                        gx_test::bilinear_field(-0.9f, -0.03f, 0.01f, 2e-4f)});
+  file.grids.push_back({"TORONTO", "ONTARIO", 156600, 158400, 284400, 286200, 150, 150,
+                        gx_test::bilinear_field(0.25f, 0.003f, -0.002f, 5e-5f),
+                        gx_test::bilinear_field(-1.55f, 0.004f, 0.003f, -1e-4f)});
+  return file;
+}
+
+struct GeographicPoint {
+  double lon, lat;
+};
+
+// The points of ontario_points.txt after the grid, from PROJ 9.1.1 on the
+// same file as the test writes it:
+//   cct -d 12 [-I] +proj=hgridshift +grids=ontario.gsb
+// The first two points lie in the Toronto child grid; the last is off the
+// grid, which PROJ refuses as well.
+const GeographicPoint kOntarioForward[] = {
+    {-79.399582831122, 43.700075417780}, {-79.249583311134, 43.950069344442},
+    {-75.699748871105, 45.400066897778}, {-81.249543093328, 42.980072375556},
+    {-82.999555111132, 46.500088000000},
+};
+const GeographicPoint kOntarioInverse[] = {
+    {-79.400417160114, 43.699924572445}, {-79.250416681864, 43.949930644938},
+    {-75.700251137128, 45.399933101992}, {-81.250456922369, 42.979927623065},
+    {-83.000444903205, 46.499911999345},
+};
+
+// Compares a run of ontario_points.txt with PROJ: the off-grid line is "*"
+// with its note, every other line keeps its note too.
+void ExpectOntarioRun(const ToolRun& run, const GeographicPoint* expected) {
+  EXPECT_NE(run.status, 0);  // one line could not be converted
+  ASSERT_EQ(run.lines.size(), 6u);
+  const char* notes[] = {" Toronto", "", " Ottawa", " London", ""};
+  for (size_t i = 0; i < 5; ++i) {
+    OutputPoint p = ParseLine(run.lines[i]);
+    // Printed to 1e-10 degree; PROJ agrees to 4e-11.
+    EXPECT_NEAR(p.x, expected[i].lon, 2e-10) << "line " << i + 1;
+    EXPECT_NEAR(p.y, expected[i].lat, 2e-10) << "line " << i + 1;
+    EXPECT_EQ(p.rest, notes[i]) << "line " << i + 1;
+  }
+  EXPECT_EQ(run.lines[5], "* off the grid");
+}
+
+TEST(Converter, Nad27ThroughAnNtv2GridFromTheDataHomeIntoNad83) {
+  gx_test::temp_datahome home;
+  home.write("ntv2/ontario.gsb", gx_test::ntv2_bytes(OntarioGrid()));
+  const std::string environment = "GXDATAHOME=" + home.path();
+  const std::string via = " --via @" + kData + "/nad27_to_nad83_ontario.wkt ";
+  const std::string nad27 = "@" + kData + "/nad27.wkt", nad83 = "@" + kData + "/nad83.wkt";
+  const std::string points = kData + "/ontario_points.txt";
+
+  ExpectOntarioRun(RunTool("--from " + nad27 + " --to " + nad83 + via + points, environment),
+                   kOntarioForward);
+  // The same places taken as NAD 83 coordinates, back to NAD 27.
+  ExpectOntarioRun(
+      RunTool("--from " + nad83 + " --to " + nad27 + via + "--reverse " + points, environment),
+      kOntarioInverse);
+
+  // Without a data home the grid is not found: no line converts, each
+  // keeps its place.
+  ToolRun lost = RunTool("--from " + nad27 + " --to " + nad83 + via + points, "env -u GXDATAHOME");
+  EXPECT_NE(lost.status, 0);
+  ASSERT_EQ(lost.lines.size(), 6u);
+  EXPECT_EQ(lost.lines[0], "* Toronto");
+}
+
+// ED 50 over the North Sea to WGS 84 by the published Position Vector
+// transformation ED50 to WGS 84 (18), EPSG:1311, then to UTM zone 31N.
+// Reference: PROJ 9.1.1,
+//   cs2cs -f %.4f +proj=longlat +ellps=intl
+//     +towgs84=-89.5,-93.8,-123.1,0,0,-0.156,1.2 +to +proj=utm +zone=31 +datum=WGS84
+TEST(Converter, Ed50ThroughPositionVectorIntoUtm31AgreesWithCs2cs) {
+  const std::pair<double, double> expected[] = {
+      {399241.4640, 5873236.3807}, {437538.9788, 6206455.3821}, {514891.8119, 6373003.8375},
+      {582308.4078, 6707978.9568}, {352149.3977, 6431377.1743}, {646277.3233, 6821516.7266},
+      {479083.3699, 5705379.9227}, {499908.2253, 6011255.2336},
+  };
+  ToolRun run = RunTool("--from @" + kData + "/ed50.wkt --to @" + kData + "/utm31n.wkt --via @" +
+                        kData + "/ed50_to_wgs84_ukcs.wkt " + kData + "/north_sea_points.txt");
+  EXPECT_EQ(run.status, 0);
+  ASSERT_EQ(run.lines.size(), 8u);
+  for (size_t i = 0; i < 8; ++i) {
+    OutputPoint p = ParseLine(run.lines[i]);
+    EXPECT_NEAR(p.x, expected[i].first, 1e-3) << "line " << i + 1;
+    EXPECT_NEAR(p.y, expected[i].second, 1e-3) << "line " << i + 1;
+  }
+  // Without --via the two datums are refused rather than silently mixed.
+  ToolRun refused = RunTool("--from @" + kData + "/ed50.wkt --to @" + kData + "/utm31n.wkt " +
+                            kData + "/north_sea_points.txt");
+  EXPECT_NE(refused.status, 0);
+  EXPECT_TRUE(refused.lines.empty());
 }
 
 TEST(Converter, BadLinesKeepTheirPlace) {
