@@ -9,18 +9,10 @@
 // New_Zealand_Map_Grid: reads Central_Meridian (slot 2) and
 // Latitude_Of_Origin (slot 6); radius a, e2 is not read.  No point is
 // rejected.
-int32_t gx_new_zealand_map_grid_forward(const double* sphere, double* parms, int32_t n,
-                                        double* coords, const int32_t* ints,
-                                        const double* doubles);
-int32_t gx_new_zealand_map_grid_inverse(const double* sphere, double* parms, int32_t n,
-                                        double* coords, const int32_t* ints,
-                                        const double* doubles);
+GX_DECLARE_PROJECTION(new_zealand_map_grid);
 
 // Local: reads Longitude_Of_Center (slot 10), Latitude_Of_Center (slot 11),
 // Scale_Factor (slot 5) and Azimuth (slot 7).  A point of the plane beyond
 // the body's limb has NaN, and still counts.
-int32_t gx_local_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                         const int32_t* ints, const double* doubles);
-int32_t gx_local_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                         const int32_t* ints, const double* doubles);
-int32_t gx_local_constants(gx_constants* block, const double* sphere, const double* parms);
+GX_DECLARE_PROJECTION(local);
+GX_DECLARE_LOADER(local);

@@ -66,15 +66,6 @@ inline void gx_azimuthal_centre(double* lp, double lam0, double phi0) {
 
 // ---- the projections ------------------------------------------------------------
 
-// Declares gx_<p>_forward and gx_<p>_inverse, of the form gx_projection_fn.
-#define GX_DECLARE_PROJECTION_FUNCTIONS(p)                                                 \
-  int32_t gx_##p##_forward(const double* sphere, double* parms, int32_t n, double* coords, \
-                           const int32_t* ints, const double* doubles);                    \
-  int32_t gx_##p##_inverse(const double* sphere, double* parms, int32_t n, double* coords, \
-                           const int32_t* ints, const double* doubles)
-// Declares gx_<p>_constants, of the form gx_constants_fn.
-#define GX_DECLARE_PROJECTION_LOADER(p) \
-  int32_t gx_##p##_constants(gx_constants* block, const double* sphere, const double* parms)
 
 // The set-ups of the projections whose sphere layout an auxiliary sphere twin
 // stores (gx_setup_fn).
@@ -86,33 +77,33 @@ void gx_azimuthal_equidistant_setup(const double* sphere, const double* parms, i
 // Gnomonic's and Orthographic's: the cosine and sine of the centre.
 void gx_gnomonic_setup(const double* sphere, const double* parms, int mask, double* layout);
 
-GX_DECLARE_PROJECTION_FUNCTIONS(stereographic);
-GX_DECLARE_PROJECTION_LOADER(stereographic);
-GX_DECLARE_PROJECTION_FUNCTIONS(stereographic_north_pole);
-GX_DECLARE_PROJECTION_LOADER(stereographic_north_pole);
-GX_DECLARE_PROJECTION_FUNCTIONS(stereographic_south_pole);
-GX_DECLARE_PROJECTION_LOADER(stereographic_south_pole);
-GX_DECLARE_PROJECTION_FUNCTIONS(double_stereographic);
-GX_DECLARE_PROJECTION_LOADER(double_stereographic);
-GX_DECLARE_PROJECTION_FUNCTIONS(lambert_azimuthal_equal_area);
-GX_DECLARE_PROJECTION_LOADER(lambert_azimuthal_equal_area);
-GX_DECLARE_PROJECTION_FUNCTIONS(azimuthal_equidistant);
-GX_DECLARE_PROJECTION_LOADER(azimuthal_equidistant);
-GX_DECLARE_PROJECTION_FUNCTIONS(two_point_equidistant);
-GX_DECLARE_PROJECTION_FUNCTIONS(gnomonic);
-GX_DECLARE_PROJECTION_LOADER(gnomonic);  // Orthographic's loader too
-GX_DECLARE_PROJECTION_FUNCTIONS(orthographic);
-GX_DECLARE_PROJECTION_FUNCTIONS(vertical_near_side_perspective);
-GX_DECLARE_PROJECTION_LOADER(vertical_near_side_perspective);
+GX_DECLARE_PROJECTION(stereographic);
+GX_DECLARE_LOADER(stereographic);
+GX_DECLARE_PROJECTION(stereographic_north_pole);
+GX_DECLARE_LOADER(stereographic_north_pole);
+GX_DECLARE_PROJECTION(stereographic_south_pole);
+GX_DECLARE_LOADER(stereographic_south_pole);
+GX_DECLARE_PROJECTION(double_stereographic);
+GX_DECLARE_LOADER(double_stereographic);
+GX_DECLARE_PROJECTION(lambert_azimuthal_equal_area);
+GX_DECLARE_LOADER(lambert_azimuthal_equal_area);
+GX_DECLARE_PROJECTION(azimuthal_equidistant);
+GX_DECLARE_LOADER(azimuthal_equidistant);
+GX_DECLARE_PROJECTION(two_point_equidistant);
+GX_DECLARE_PROJECTION(gnomonic);
+GX_DECLARE_LOADER(gnomonic);  // Orthographic's loader too
+GX_DECLARE_PROJECTION(orthographic);
+GX_DECLARE_PROJECTION(vertical_near_side_perspective);
+GX_DECLARE_LOADER(vertical_near_side_perspective);
 
 // The auxiliary sphere twins (see auxiliary_sphere.h).
-GX_DECLARE_PROJECTION_FUNCTIONS(stereographic_auxiliary_sphere);
-GX_DECLARE_PROJECTION_LOADER(stereographic_auxiliary_sphere);
-GX_DECLARE_PROJECTION_FUNCTIONS(azimuthal_equidistant_auxiliary_sphere);
-GX_DECLARE_PROJECTION_LOADER(azimuthal_equidistant_auxiliary_sphere);
-GX_DECLARE_PROJECTION_FUNCTIONS(lambert_azimuthal_equal_area_auxiliary_sphere);
-GX_DECLARE_PROJECTION_LOADER(lambert_azimuthal_equal_area_auxiliary_sphere);
-GX_DECLARE_PROJECTION_FUNCTIONS(orthographic_auxiliary_sphere);
-GX_DECLARE_PROJECTION_LOADER(orthographic_auxiliary_sphere);
-GX_DECLARE_PROJECTION_FUNCTIONS(gnomonic_auxiliary_sphere);
-GX_DECLARE_PROJECTION_LOADER(gnomonic_auxiliary_sphere);
+GX_DECLARE_PROJECTION(stereographic_auxiliary_sphere);
+GX_DECLARE_LOADER(stereographic_auxiliary_sphere);
+GX_DECLARE_PROJECTION(azimuthal_equidistant_auxiliary_sphere);
+GX_DECLARE_LOADER(azimuthal_equidistant_auxiliary_sphere);
+GX_DECLARE_PROJECTION(lambert_azimuthal_equal_area_auxiliary_sphere);
+GX_DECLARE_LOADER(lambert_azimuthal_equal_area_auxiliary_sphere);
+GX_DECLARE_PROJECTION(orthographic_auxiliary_sphere);
+GX_DECLARE_LOADER(orthographic_auxiliary_sphere);
+GX_DECLARE_PROJECTION(gnomonic_auxiliary_sphere);
+GX_DECLARE_LOADER(gnomonic_auxiliary_sphere);

@@ -11,46 +11,24 @@
 
 #include "projections/setup.h"
 
-int32_t gx_lambert_conformal_conic_forward(const double* sphere, double* parms, int32_t n,
-                                           double* coords, const int32_t* ints,
-                                           const double* doubles);
-int32_t gx_lambert_conformal_conic_inverse(const double* sphere, double* parms, int32_t n,
-                                           double* coords, const int32_t* ints,
-                                           const double* doubles);
-int32_t gx_lambert_conformal_conic_constants(gx_constants* block, const double* sphere,
-                                             const double* parms);
+GX_DECLARE_PROJECTION(lambert_conformal_conic);
+GX_DECLARE_LOADER(lambert_conformal_conic);
 
-int32_t gx_albers_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                          const int32_t* ints, const double* doubles);
-int32_t gx_albers_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                          const int32_t* ints, const double* doubles);
-int32_t gx_albers_constants(gx_constants* block, const double* sphere, const double* parms);
+GX_DECLARE_PROJECTION(albers);
+GX_DECLARE_LOADER(albers);
 
-int32_t gx_equidistant_conic_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                                     const int32_t* ints, const double* doubles);
-int32_t gx_equidistant_conic_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                                     const int32_t* ints, const double* doubles);
-int32_t gx_equidistant_conic_constants(gx_constants* block, const double* sphere,
-                                       const double* parms);
+GX_DECLARE_PROJECTION(equidistant_conic);
+GX_DECLARE_LOADER(equidistant_conic);
 
-int32_t gx_polyconic_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                             const int32_t* ints, const double* doubles);
-int32_t gx_polyconic_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                             const int32_t* ints, const double* doubles);
-int32_t gx_polyconic_constants(gx_constants* block, const double* sphere, const double* parms);
+GX_DECLARE_PROJECTION(polyconic);
+GX_DECLARE_LOADER(polyconic);
 
-int32_t gx_bonne_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                         const int32_t* ints, const double* doubles);
-int32_t gx_bonne_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                         const int32_t* ints, const double* doubles);
-int32_t gx_bonne_constants(gx_constants* block, const double* sphere, const double* parms);
+GX_DECLARE_PROJECTION(bonne);
+GX_DECLARE_LOADER(bonne);
 
 // Krovak counts: it returns the number of points that got an image.
-int32_t gx_krovak_forward(const double* sphere, double* parms, int32_t n, double* coords,
-                          const int32_t* ints, const double* doubles);
-int32_t gx_krovak_inverse(const double* sphere, double* parms, int32_t n, double* coords,
-                          const int32_t* ints, const double* doubles);
-int32_t gx_krovak_constants(gx_constants* block, const double* sphere, const double* parms);
+GX_DECLARE_PROJECTION(krovak);
+GX_DECLARE_LOADER(krovak);
 
 // ---- what the family's functions share ----------------------------------
 

@@ -42,3 +42,18 @@ inline void gx_points_nan(int32_t n, double* coords) {
 // doubles, hands both to the block and returns the doubles to fill; null (and
 // nothing left in the block) when either allocation failed.
 double* gx_loader_doubles(gx_constants* block, int32_t count);
+
+// ---- declaring a projection's functions (every family header uses these) ----
+
+// Declares gx_<name>_forward and gx_<name>_inverse, of the form
+// gx_projection_fn.
+#define GX_DECLARE_PROJECTION(name)                                                  \
+  int32_t gx_##name##_forward(const double* sphere, double* parms, int32_t n,        \
+                              double* coords, const int32_t* ints,                  \
+                              const double* doubles);                               \
+  int32_t gx_##name##_inverse(const double* sphere, double* parms, int32_t n,        \
+                              double* coords, const int32_t* ints, const double* doubles)
+
+// Declares gx_<name>_constants, of the form gx_constants_fn.
+#define GX_DECLARE_LOADER(name) \
+  int32_t gx_##name##_constants(gx_constants* block, const double* sphere, const double* parms)

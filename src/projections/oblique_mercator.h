@@ -9,22 +9,20 @@
 // projections/contract.h.
 #pragma once
 
-#include "gx_projections.h"
-
-#define GX_OBLIQUE_MERCATOR_DECLARE(name)                                                     \
-  int32_t gx_##name##_forward(const double* sphere, double* parms, int32_t n, double* coords, \
-                              const int32_t* ints, const double* doubles);                    \
-  int32_t gx_##name##_inverse(const double* sphere, double* parms, int32_t n, double* coords, \
-                              const int32_t* ints, const double* doubles);                    \
-  int32_t gx_##name##_constants(gx_constants* block, const double* sphere, const double* parms);
+#include "projections/contract.h"
 
 // Rotated by the azimuth of the central line at its centre.
-GX_OBLIQUE_MERCATOR_DECLARE(hotine_oblique_mercator_azimuth_natural_origin)
-GX_OBLIQUE_MERCATOR_DECLARE(hotine_oblique_mercator_azimuth_center)
-GX_OBLIQUE_MERCATOR_DECLARE(hotine_oblique_mercator_two_point_natural_origin)
-GX_OBLIQUE_MERCATOR_DECLARE(hotine_oblique_mercator_two_point_center)
+GX_DECLARE_PROJECTION(hotine_oblique_mercator_azimuth_natural_origin);
+GX_DECLARE_LOADER(hotine_oblique_mercator_azimuth_natural_origin);
+GX_DECLARE_PROJECTION(hotine_oblique_mercator_azimuth_center);
+GX_DECLARE_LOADER(hotine_oblique_mercator_azimuth_center);
+GX_DECLARE_PROJECTION(hotine_oblique_mercator_two_point_natural_origin);
+GX_DECLARE_LOADER(hotine_oblique_mercator_two_point_natural_origin);
+GX_DECLARE_PROJECTION(hotine_oblique_mercator_two_point_center);
+GX_DECLARE_LOADER(hotine_oblique_mercator_two_point_center);
 // Rotated by XY_Plane_Rotation.
-GX_OBLIQUE_MERCATOR_DECLARE(rectified_skew_orthomorphic_natural_origin)
-GX_OBLIQUE_MERCATOR_DECLARE(rectified_skew_orthomorphic_center)
+GX_DECLARE_PROJECTION(rectified_skew_orthomorphic_natural_origin);
+GX_DECLARE_LOADER(rectified_skew_orthomorphic_natural_origin);
+GX_DECLARE_PROJECTION(rectified_skew_orthomorphic_center);
+GX_DECLARE_LOADER(rectified_skew_orthomorphic_center);
 
-#undef GX_OBLIQUE_MERCATOR_DECLARE

@@ -80,19 +80,6 @@ inline bool gx_is_unit(double value) {
 
 // ---- declaring and defining the functions of a projection -----------------------
 
-// Declares gx_<name>_forward and gx_<name>_inverse, of the form
-// gx_projection_fn.
-#define GX_DECLARE_PROJECTION(name)                                                  \
-  int32_t gx_##name##_forward(const double* sphere, double* parms, int32_t n,        \
-                              double* coords, const int32_t* ints,                  \
-                              const double* doubles);                               \
-  int32_t gx_##name##_inverse(const double* sphere, double* parms, int32_t n,        \
-                              double* coords, const int32_t* ints, const double* doubles)
-
-// Declares gx_<name>_constants, of the form gx_constants_fn.
-#define GX_DECLARE_LOADER(name) \
-  int32_t gx_##name##_constants(gx_constants* block, const double* sphere, const double* parms)
-
 // Defines gx_<name>_forward and gx_<name>_inverse as runs (gx_run) of the
 // point loops `fpoints` and `ipoints` over the set-up `setup`, which fills
 // the halves `fmask` and `imask` of any series table.
