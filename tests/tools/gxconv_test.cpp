@@ -288,3 +288,60 @@ TEST_P(ConverterReferences, ThousandPlacesComeBackIntoTheirCells) {
 INSTANTIATE_TEST_SUITE_P(Kinds, ConverterReferences, ::testing::Values("MGRS", "GEOREF"));
 
 }  // namespace
+
+namespace {
+
+// National grids through the converter, against PROJ 9.1 on the same points
+// (the commands are in tests/tools/data/README; Krovak's axes are this
+// library's southing and westing where PROJ writes their negatives).
+struct NationalGrid {
+  const char* name;
+  const char* geographic;  // the grid's own geographic system
+};
+
+class ConverterNationalGrids : public ::testing::TestWithParam<NationalGrid> {};
+
+TEST_P(ConverterNationalGrids, AgreeWithProjAndRoundTrip) {
+  const std::string name = GetParam().name;
+  const std::string geographic = "@" + kData + "/" + GetParam().geographic + ".wkt";
+  const std::string definition = "@" + kData + "/" + name + ".wkt";
+  const std::string input = kData + "/" + name + "_input.txt";
+  ToolRun to = RunTool("--from " + geographic + " --to " + definition + " " + input);
+  EXPECT_EQ(to.status, 0);
+  auto expected = ReadPairs(kData + "/" + name + "_proj.txt");
+  auto places = ReadPairs(input);
+  ASSERT_EQ(to.lines.size(), expected.size());
+  std::string projected = kData + "/../" + name + "_projected.txt";
+  {
+    std::ofstream file(projected);
+    for (auto& line : to.lines) file << line << "\n";
+  }
+  for (size_t i = 0; i < expected.size(); ++i) {
+    double x = 0, y = 0;
+    std::istringstream(to.lines[i]) >> x >> y;
+    EXPECT_NEAR(x, expected[i].first, 1e-3) << name << " line " << i + 1;
+    EXPECT_NEAR(y, expected[i].second, 1e-3) << name << " line " << i + 1;
+  }
+  ToolRun back = RunTool("--from " + definition + " --to " + geographic + " " + projected);
+  ASSERT_EQ(back.lines.size(), places.size());
+  for (size_t i = 0; i < places.size(); ++i) {
+    double lon = 0, lat = 0;
+    std::istringstream(back.lines[i]) >> lon >> lat;
+    // Back to the place within a millimetre (the projected lines carry 0.1 mm).
+    double east = (lon - places[i].first) * 111320.0 * std::cos(lat * 0.017453292519943295);
+    EXPECT_NEAR(east, 0.0, 1e-3) << name << " line " << i + 1;
+    EXPECT_NEAR((lat - places[i].second) * 111320.0, 0.0, 1e-3) << name << " line " << i + 1;
+  }
+  std::remove(projected.c_str());
+}
+
+INSTANTIATE_TEST_SUITE_P(Grids, ConverterNationalGrids,
+                         ::testing::Values(NationalGrid{"texas_sc", "nad83"},
+                                           NationalGrid{"antarctic_ps", "wgs84"},
+                                           NationalGrid{"usa_albers", "nad83"},
+                                           NationalGrid{"krovak", "sjtsk"}),
+                         [](const ::testing::TestParamInfo<NationalGrid>& info) {
+                           return std::string(info.param.name);
+                         });
+
+}  // namespace
