@@ -1,6 +1,7 @@
 // libFuzzer harness for the MGRS reader: any bytes, read as one reference
 // (narrow and 16-bit) in every lettering mode, on WGS 84 and on a Clarke 1866
 // datum that turns the old lettering on.
+#include <initializer_list>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
