@@ -51,6 +51,64 @@ GX_API double gx_q(double a, double e2, double phi);
 /* Length of the quarter meridian, equator to pole. */
 GX_API double gx_q90(double a, double e2);
 
+/* ---- auxiliary latitudes (e2, latitude in radians -> latitude) ---------
+ * chi conformal, beta authalic, mu rectifying, eta reduced (parametric),
+ * phig geocentric; phi is the geodetic latitude.  Chi, beta and mu return a
+ * latitude of exactly 0, a pole and any latitude on a sphere unchanged; they
+ * use series below GX_SERIES_LIMIT and closed forms (iterated for the
+ * inverses) at and above it.  Eta folds its argument into [-pi/2, pi/2]
+ * keeping the sign of its sine. */
+GX_API double gx_phi_to_chi(double e2, double phi);
+GX_API double gx_chi_to_phi(double e2, double chi);
+GX_API double gx_phi_to_beta(double e2, double phi);
+GX_API double gx_beta_to_phi(double e2, double beta);
+GX_API double gx_phi_to_mu(double e2, double phi);
+GX_API double gx_mu_to_phi(double e2, double mu);
+GX_API double gx_phi_to_eta(double e2, double phi);
+GX_API double gx_eta_to_phi(double e2, double eta);
+GX_API double gx_phi_to_phig(double e2, double phi);
+GX_API double gx_phig_to_phi(double e2, double phig);
+
+/* ---- geodetic and geocentric Cartesian coordinates --------------------- */
+
+/* Latitude phi, longitude lambda (radians) and height h above the ellipsoid
+ * to Earth-centred x, y, z in the unit of a.  The three output pointers must
+ * not be null. */
+GX_API void gx_curv_to_cart(double a, double e2, double phi, double lambda, double h, double *x,
+                            double *y, double *z);
+/* Earth-centred x, y, z to latitude, longitude (radians) and height, by two
+ * fixed passes of Bowring's formula: about 1e-11 radian for heights of a few
+ * kilometres.  On the polar axis (the centre included) lambda is 0 and phi
+ * +-pi/2 by the sign of z.  The three output pointers must not be null. */
+GX_API void gx_cart_to_curv(double a, double e2, double x, double y, double z, double *phi,
+                            double *lambda, double *h);
+
+/* ---- geodesics ------------------------------------------------------------
+ * Longitude comes before latitude; angles in radians, azimuths clockwise from
+ * north, lengths in the unit of a.  A sphere (e2 below GX_EPS) takes the great
+ * circle; an ellipsoid Vincenty's formulas, with a separate iteration for
+ * nearly antipodal points.  Accuracy on WGS 84: about 0.1 mm in distance and a
+ * few nanoradians in azimuth away from nearly antipodal points.
+ *
+ * A start or end at a pole takes its azimuth from the other point's
+ * longitude: that longitude in the south, pi minus it in the north.  Two
+ * distinct points both on the equator (and not antipodal) make Vincenty's
+ * series undefined (0/0): they come back as NaN. */
+
+/* Inverse problem: distance from point 1 to point 2, azimuth12 at point 1
+ * towards point 2, azimuth21 at point 2 back towards point 1.  Any result
+ * pointer may be null; only the results asked for are computed.  The same
+ * point twice, or two points at the same pole, give 0 for all three. */
+GX_API void gx_geodesic_distance(double a, double e2, double lambda1, double phi1, double lambda2,
+                                 double phi2, double *distance, double *azimuth12,
+                                 double *azimuth21);
+/* Direct problem: the point reached from (lambda1, phi1) after `distance`
+ * along `azimuth`.  lambda2 is wrapped into [-pi, pi].  Either result
+ * pointer may be null. */
+GX_API void gx_geodesic_coordinate(double a, double e2, double lambda1, double phi1,
+                                   double distance, double azimuth, double *lambda2,
+                                   double *phi2);
+
 #ifdef __cplusplus
 }
 #endif

@@ -8,6 +8,9 @@
 #define GX_OBJECTS_H
 
 #include "gx_frame.h"
+#include "gx_horizon.h"
+#include "gx_methods.h"
+#include "gx_projections.h"
 
 #ifdef __cplusplus
 extern "C" {
@@ -119,6 +122,112 @@ GX_API gx_geogcs *gx_geogcs_new_w(const gx_wchar *name, gx_datum *datum, gx_prim
 GX_API gx_datum *gx_geogcs_datum(const gx_geogcs *obj);
 GX_API gx_primem *gx_geogcs_primem(const gx_geogcs *obj);
 GX_API gx_unit *gx_geogcs_unit(const gx_geogcs *obj);
+
+/* ---- projection: a named set of functions out of the projection list ------------- */
+GX_DECLARE_COMMON(gx_projection, projection)
+GX_DECLARE_AUTHORITY_OPS(gx_projection, projection)
+/* A projection of `name` with the functions given.  With a null forward or
+ * inverse, both are taken from the listed projection of that name (none:
+ * error 340).  Such an object never has a constants loader or projected-side
+ * horizons.  A null horizon is the world rectangle.  A listed name gives the
+ * object that row's factory code. */
+GX_API gx_projection *gx_projection_new(const char *name, gx_projection_fn forward,
+                                        gx_projection_fn inverse, gx_horizon_builder horizon);
+GX_API gx_projection *gx_projection_new_errext(const char *name, gx_projection_fn forward,
+                                               gx_projection_fn inverse,
+                                               gx_horizon_builder horizon, gx_errext *record);
+GX_API gx_projection *gx_projection_new_w(const gx_wchar *name);
+/* The functions; an invalid object gives identity functions that return n. */
+GX_API gx_projection_fn gx_projection_forward(const gx_projection *obj);
+GX_API gx_projection_fn gx_projection_inverse(const gx_projection *obj);
+/* Horizon builders; for an invalid object the world rectangle (geographic
+ * side) or null. */
+GX_API gx_horizon_builder gx_projection_horizon(const gx_projection *obj);
+GX_API gx_horizon_builder gx_projection_horizon_pcs(const gx_projection *obj);
+GX_API gx_horizon_builder gx_projection_horizon_gcs_raster(const gx_projection *obj);
+GX_API gx_horizon_builder gx_projection_horizon_pcs_raster(const gx_projection *obj);
+
+/* ---- projcs: a projected coordinate system ----------------------------------------- */
+GX_DECLARE_COMMON(gx_projcs, projcs)
+GX_DECLARE_AUTHORITY_OPS(gx_projcs, projcs)
+/* Takes ownership of geogcs, projection, the 16 parameters (by slot, null
+ * where absent; the array itself stays the caller's) and unit, on success.
+ * Errors: 331 geogcs, 328 projection, 330 parameters, 323 unit. */
+GX_API gx_projcs *gx_projcs_new(const char *name, gx_geogcs *geogcs, gx_projection *projection,
+                                gx_parameter **parameters, gx_unit *unit);
+GX_API gx_projcs *gx_projcs_new_errext(const char *name, gx_geogcs *geogcs,
+                                       gx_projection *projection, gx_parameter **parameters,
+                                       gx_unit *unit, gx_errext *record);
+GX_API gx_projcs *gx_projcs_new_w(const gx_wchar *name, gx_geogcs *geogcs,
+                                  gx_projection *projection, gx_parameter **parameters,
+                                  gx_unit *unit);
+/* Parts, lent; null if invalid. */
+GX_API gx_geogcs *gx_projcs_geogcs(const gx_projcs *obj);
+GX_API gx_projection *gx_projcs_projection(const gx_projcs *obj);
+GX_API gx_unit *gx_projcs_unit(const gx_projcs *obj);
+/* Copies the 16 parameter pointers (lent) into `parameters`, after clearing
+ * it; 0 for an invalid object or a null array. */
+GX_API int gx_projcs_parameters(const gx_projcs *obj, gx_parameter **parameters);
+/* gx_projcs_eq without the name of the system itself. */
+GX_API int gx_projcs_eqnn(const gx_projcs *a, const gx_projcs *b);
+/* The constants a conversion needs: loaded on first use, or here in
+ * advance.  Returns the loader's result, 0 when nothing was loaded. */
+GX_API int32_t gx_projcs_load_constants(gx_projcs *obj);
+GX_API void gx_projcs_unload_constants(gx_projcs *obj);
+GX_API int gx_projcs_isconstloaded(const gx_projcs *obj);
+/* A copy expressed in other units with the same geometry; a null or invalid
+ * unit is not altered.  The copy is fresh: status "new", no code, no authority. */
+GX_API gx_projcs *gx_projcs_clone_alterunits(const gx_projcs *obj, const gx_unit *linear_unit,
+                                             const gx_unit *angular_unit);
+/* Kept in the interface; names of auxiliary sphere types are not resolved:
+ * null and -1 whatever the argument. */
+GX_API const char *gx_auxiliary_sphere_code_to_name(int32_t code);
+GX_API int32_t gx_auxiliary_sphere_name_to_code(const char *name);
+/* Fills parameters[16] with new parameters at their table defaults for the
+ * projection's factory code (by slot, null elsewhere); returns how many,
+ * 0 for an unknown code.  The caller owns them. */
+GX_API int gx_parameter_projection_defaults(const gx_projection *projection,
+                                            gx_parameter **parameters);
+
+/* ---- method: one way from one geographic CS to another ------------------------------ */
+GX_DECLARE_COMMON(gx_method, method)
+GX_DECLARE_AUTHORITY_OPS(gx_method, method)
+/* With a null forward or inverse, both come from the listed method of that
+ * name (none: error 340); a method made here never has a grid loader. */
+GX_API gx_method *gx_method_new(const char *name, gx_method_fn forward, gx_method_fn inverse);
+GX_API gx_method *gx_method_new_errext(const char *name, gx_method_fn forward,
+                                       gx_method_fn inverse, gx_errext *record);
+GX_API gx_method *gx_method_new_w(const gx_wchar *name, gx_method_fn forward,
+                                  gx_method_fn inverse);
+/* The functions; an invalid object gives an identity function returning n. */
+GX_API gx_method_fn gx_method_forward(const gx_method *obj);
+GX_API gx_method_fn gx_method_inverse(const gx_method *obj);
+
+/* ---- geogtran: a geographic transformation ------------------------------------------ */
+GX_DECLARE_COMMON(gx_geogtran, geogtran)
+GX_DECLARE_AUTHORITY_OPS(gx_geogtran, geogtran)
+/* Takes ownership of both systems, the method and the 16 parameters on
+ * success.  Errors: 332 geogcs1, 333 geogcs2, 335 method, 330 parameters. */
+GX_API gx_geogtran *gx_geogtran_new(const char *name, gx_geogcs *geogcs1, gx_geogcs *geogcs2,
+                                    gx_method *method, gx_parameter **parameters);
+GX_API gx_geogtran *gx_geogtran_new_errext(const char *name, gx_geogcs *geogcs1,
+                                           gx_geogcs *geogcs2, gx_method *method,
+                                           gx_parameter **parameters, gx_errext *record);
+GX_API gx_geogtran *gx_geogtran_new_w(const gx_wchar *name, gx_geogcs *geogcs1,
+                                      gx_geogcs *geogcs2, gx_method *method,
+                                      gx_parameter **parameters);
+GX_API gx_geogcs *gx_geogtran_geogcs1(const gx_geogtran *obj);
+GX_API gx_geogcs *gx_geogtran_geogcs2(const gx_geogtran *obj);
+GX_API gx_method *gx_geogtran_method(const gx_geogtran *obj);
+GX_API int gx_geogtran_parameters(const gx_geogtran *obj, gx_parameter **parameters);
+/* A grid method's data, read once: a failed load is not tried again until
+ * gx_geogtran_unload_constants.  isconstloaded tells that a load was tried. */
+GX_API int32_t gx_geogtran_load_constants(gx_geogtran *obj);
+GX_API void gx_geogtran_unload_constants(gx_geogtran *obj);
+GX_API int gx_geogtran_isconstloaded(const gx_geogtran *obj);
+/* The starting set of parameters of a method (by its factory code); as
+ * gx_parameter_projection_defaults. */
+GX_API int gx_parameter_method_defaults(const gx_method *method, gx_parameter **parameters);
 
 #ifdef __cplusplus
 }

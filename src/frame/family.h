@@ -89,7 +89,10 @@ struct gx_family_ops {
     gx_errext* record = gx_errext_begin(caller, &local);
     gx_function_name function(F::prefix, "_from_string");
     if (text == nullptr) {
-      gx_report(record, 456, function.text);
+      if constexpr (requires { F::null_text_function; })
+        gx_report(record, 456, F::null_text_function);
+      else
+        gx_report(record, 456, function.text);
       return nullptr;
     }
     gx_wkt_tokens block;
@@ -183,14 +186,8 @@ struct gx_family_ops {
   static void append_authority(T* obj, char* buffer) {
     gx_authority* authority = authority_of(obj);
     if (authority == nullptr) return;
-    // Every to_string writes into a buffer of GX_WKT_SIZE, whatever it needs.
-    char clause[GX_WKT_SIZE];
-    gx_authority_to_string(authority, clause);
-    size_t length = std::strlen(buffer);
-    if (length + std::strlen(clause) + 1 < GX_WKT_SIZE - 2) {
-      buffer[length] = ',';
-      std::strcpy(buffer + length + 1, clause);
-    }
+    char clause[GX_WKT_SIZE];  // every to_string_ext writes a whole WKT buffer
+    gx_wkt_append_clause(buffer, gx_authority_to_string(authority, clause));
   }
 
   static uint32_t type(const void* obj) { return valid(obj) ? F::type : 0; }
@@ -297,6 +294,27 @@ gx_authority* gx_authority_from_tokens(gx_wkt_tokens* block, int32_t start, int3
 constexpr gx_wkt_clause gx_authority_clause = {
     "AUTHORITY", nullptr, gx_wkt_parser_of<gx_authority, gx_authority_from_tokens>,
     GX_WKT_AUTHORITY_SLOT, 403, 0, false, nullptr};
+
+// The walk of an object that is only a name and an AUTHORITY clause, such as
+// PROJECTION["name"] or METHOD["name"]: `make` turns the name into the object
+// (from its list), and the text's authority is attached.
+template <class T>
+T* gx_read_named(gx_wkt_tokens* block, int32_t start, int32_t* next, gx_errext* record,
+                 T* (*make)(const char* name, gx_errext* record)) {
+  using F = gx_family<T>;
+  static constexpr gx_wkt_clause clauses[] = {gx_authority_clause};
+  gx_wkt_walk walk;
+  gx_function_name function(F::prefix, "_from_string");
+  if (!gx_wkt_walk_begin(&walk, block, start, next, record, F::keyword, nullptr, 2,
+                         function.text))
+    return nullptr;
+  if (!gx_wkt_walk_clauses(&walk, start + 2, clauses, 1)) {
+    gx_wkt_walk_drop(&walk);
+    return nullptr;
+  }
+  T* obj = make(walk.name, walk.caller_record ? walk.record : nullptr);
+  return gx_family_ops<T>::finish_parse(obj, &walk);
+}
 
 // The extern "C" layer of a family: the common operations under their names.
 #define GX_FAMILY_EXPORTS(T, fam)                                                          \

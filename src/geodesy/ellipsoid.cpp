@@ -19,12 +19,6 @@ constexpr gx_series_table kMeridianArc = {
     {0.0, 0.0, 0.0, 0.0, 0.0, 0.0, -0.44886997767857145},
 };
 
-// Third flattening n = (a - b) / (a + b) from the squared eccentricity.
-double third_flattening(double e2) {
-  double root = std::sqrt(1.0 - e2);
-  return (1.0 - root) / (1.0 + root);
-}
-
 // The factor of phi in the meridian arc: 1 + n^2/4 + n^4/64 + n^6/256.
 double arc_linear_factor(double n) {
   double n2 = n * n;
@@ -68,6 +62,11 @@ double gx_hypot(double x, double y) {
 double gx_atan2_safe(double x, double y) {
   if (x == 0.0 && y == 0.0) return 0.0;
   return std::atan2(y, x);
+}
+
+double gx_third_flattening(double e2) {
+  double root = std::sqrt(1.0 - e2);
+  return (1.0 - root) / (1.0 + root);
 }
 
 // ---- the sine series device --------------------------------------------------
@@ -138,7 +137,7 @@ double gx_q(double a, double e2, double phi) {
     double arc = gx_ellint_e(phi, e2);
     return a * (arc - 0.5 * e2 * std::sin(2.0 * phi) / gx_w(e2, phi));
   }
-  double n = third_flattening(e2);
+  double n = gx_third_flattening(e2);
   double c[GX_SERIES_TERMS];
   gx_series_coefficients(kMeridianArc, n, c);
   return (gx_series_sum(c, phi) + arc_linear_factor(n) * phi) / (1.0 + n) * a;
@@ -146,6 +145,6 @@ double gx_q(double a, double e2, double phi) {
 
 double gx_q90(double a, double e2) {
   if (e2 >= GX_SERIES_LIMIT) return a * gx_ellint_e_complete(e2);
-  double n = third_flattening(e2);
+  double n = gx_third_flattening(e2);
   return a * GX_HALFPI * arc_linear_factor(n) / (1.0 + n);
 }

@@ -21,6 +21,9 @@ double gx_hypot(double x, double y);
 // atan2(y, x) with x the real and y the imaginary part; 0 for (0, 0).
 double gx_atan2_safe(double x, double y);
 
+// Third flattening n = (1 - sqrt(1 - e2)) / (1 + sqrt(1 - e2)) = (a - b) / (a + b).
+double gx_third_flattening(double e2);
+
 // Coefficients of a series in one small variable t (e2 or the third
 // flattening): row k holds the coefficients of t^1 .. t^7 in the factor S(k+1)
 // of sin(2(k+1)x).  Powers of t are formed by repeated multiplication.

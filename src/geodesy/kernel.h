@@ -7,4 +7,5 @@
 #include "geodesy/complex.h"
 #include "geodesy/ellipsoid.h"
 #include "geodesy/elliptic.h"
+#include "geodesy/latitudes.h"
 #include "geodesy/roots.h"

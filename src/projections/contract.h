@@ -15,13 +15,8 @@
 
 #include "frame/constants.h"
 #include "frame/text.h"
-#include "gx_geodesy.h"
+#include "geodesy/kernel.h"
 #include "gx_projections.h"
-
-constexpr double GX_PI = 3.141592653589793;
-constexpr double GX_HALFPI = 1.5707963267948966;
-constexpr double GX_QUARTERPI = 0.7853981633974483;
-constexpr double GX_TWOPI = 6.283185307179586;
 
 // Where an algorithm can't take the exact pole, a latitude equal to +-pi/2
 // in the sense of gx_eq is replaced by +-GX_HALFPI_CLAMP.

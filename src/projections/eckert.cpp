@@ -1,0 +1,177 @@
+// The six Eckert projections: I and II with straight meridians, III to VI
+// with elliptical (III, IV) and sinusoidal (V, VI) ones.  II, IV and VI are
+// equal-area; IV solves its auxiliary angle by Brent's method, VI by Newton's.
+#include "projections/world.h"
+
+namespace {
+
+constexpr double kOneOverPi = 0.3183098861837907;
+// Eckert VI's Newton loop: the tolerance on a step, and the step count past
+// which the last value stands.
+constexpr int kEckertViMaxCount = 50;
+
+double central_meridian(const double* parms) { return parms[GX_PARM_CENTRAL_MERIDIAN]; }
+
+double with_sign_of(double value, double sign) { return sign < 0.0 ? -value : value; }
+
+// Eckert IV's equation theta + sin theta cos theta + 2 sin theta = rhs.
+double eckert_iv_equation(double t, const void* context) {
+  double s = std::sin(t);
+  return t + s * std::cos(t) + 2.0 * s - *static_cast<const double*>(context);
+}
+
+// Eckert VI's angle: theta + sin theta = (1 + pi/2) sin phi by Newton from
+// theta = phi; after the 51st step the last value stands.
+double eckert_vi_theta(double phi) {
+  double rhs = std::sin(phi) * 2.5707963267948966;
+  double theta = phi;
+  for (int count = 0;; ++count) {
+    double d = (std::sin(theta) + theta - rhs) / (std::cos(theta) + 1.0);
+    theta = theta - d;
+    if (std::fabs(d) <= GX_EPS || count >= kEckertViMaxCount) return theta;
+  }
+}
+
+}  // namespace
+
+int32_t gx_eckert_i_forward(const double* sphere, double* parms, int32_t n, double* coords,
+                            const int32_t*, const double*) {
+  double ka = sphere[0] * 0.9213177319235613, lam0 = central_meridian(parms);
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    double dlam = gx_delta_fast(x - lam0), phi = y;
+    x = (1.0 - std::fabs(phi) * kOneOverPi) * dlam * ka;
+    y = phi * ka;
+  });
+}
+
+int32_t gx_eckert_i_inverse(const double* sphere, double* parms, int32_t n, double* coords,
+                            const int32_t*, const double*) {
+  double ka = sphere[0] * 0.9213177319235613, r = 1.0 / ka, lam0 = central_meridian(parms);
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    double phi = y * r;
+    double dlam = x / ((1.0 - std::fabs(phi) * kOneOverPi) * ka);
+    x = gx_delta_fast(dlam + lam0);
+    y = phi;
+  });
+}
+
+int32_t gx_eckert_ii_forward(const double* sphere, double* parms, int32_t n, double* coords,
+                             const int32_t*, const double*) {
+  double a2 = 2.0 * sphere[0], ky = sphere[0] * 1.4472025091165353, lam0 = central_meridian(parms);
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    double dlam = gx_delta_fast(x - lam0), phi = y;
+    double w = std::sqrt(4.0 - 3.0 * std::sin(std::fabs(phi)));
+    x = w * dlam * a2 * 0.23032943298089034;
+    y = with_sign_of((2.0 - w) * ky, phi);
+  });
+}
+
+int32_t gx_eckert_ii_inverse(const double* sphere, double* parms, int32_t n, double* coords,
+                             const int32_t*, const double*) {
+  double a2 = 2.0 * sphere[0], r = 1.0 / (sphere[0] * 1.4472025091165353);
+  double lam0 = central_meridian(parms);
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    double w = 2.0 - std::fabs(y) * r;
+    double phi = with_sign_of(std::asin(gx_clamp_unit((4.0 - w * w) * 0.3333333333333333)), y);
+    double dlam = x * 4.3416075273496055 / (w * a2);
+    x = gx_delta_fast(dlam + lam0);
+    y = phi;
+  });
+}
+
+int32_t gx_eckert_iii_forward(const double* sphere, double* parms, int32_t n, double* coords,
+                              const int32_t*, const double*) {
+  double kx = sphere[0] * 0.4222382003157712, ky = sphere[0] * 0.8444764006315424;
+  double lam0 = central_meridian(parms);
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    double dlam = gx_delta_fast(x - lam0), phi = y;
+    double t = phi * 0.6366197723675814;
+    double w = 1.0 - t * t;
+    x = (std::sqrt(w) + 1.0) * dlam * kx;
+    y = phi * ky;
+  });
+}
+
+int32_t gx_eckert_iii_inverse(const double* sphere, double* parms, int32_t n, double* coords,
+                              const int32_t*, const double*) {
+  double rx = 1.0 / (sphere[0] * 0.4222382003157712), ry = 1.0 / (sphere[0] * 0.8444764006315424);
+  double lam0 = central_meridian(parms);
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    double phi = y * ry;
+    double t = phi * 0.6366197723675814;
+    double w = 1.0 - t * t;
+    double dlam = x * rx / (std::sqrt(w) + 1.0);
+    x = gx_delta_fast(dlam + lam0);
+    y = phi;
+  });
+}
+
+int32_t gx_eckert_iv_forward(const double* sphere, double* parms, int32_t n, double* coords,
+                             const int32_t*, const double*) {
+  double a = sphere[0], lam0 = central_meridian(parms);
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    double dlam = gx_delta_fast(x - lam0), phi = y;
+    double rhs = std::sin(std::fabs(phi)) * 3.5707963267948966;
+    double theta = with_sign_of(gx_root_brent(&rhs, eckert_iv_equation), phi);
+    x = (std::cos(theta) + 1.0) * dlam * a * 0.4222382003157712;
+    y = std::sin(theta) * a * 1.3265004281770023;
+  });
+}
+
+int32_t gx_eckert_iv_inverse(const double* sphere, double* parms, int32_t n, double* coords,
+                             const int32_t*, const double*) {
+  double a = sphere[0], ky = a * 3.544907701811032, lam0 = central_meridian(parms);
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    double s = gx_clamp_unit(y * 2.6723758443732786 / ky);
+    double theta = std::asin(s);
+    double c = std::cos(theta);
+    double phi = std::asin(gx_clamp_unit(((c + 2.0) * s + theta) * 0.2800495767557787));
+    double dlam = x * 4.736662856426298 / ((c + 1.0) * a * 2.0);
+    x = gx_delta_fast(dlam + lam0);
+    y = phi;
+  });
+}
+
+int32_t gx_eckert_v_forward(const double* sphere, double* parms, int32_t n, double* coords,
+                            const int32_t*, const double*) {
+  double a = sphere[0], lam0 = central_meridian(parms);
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    double dlam = gx_delta_fast(x - lam0), phi = y;
+    x = (std::cos(phi) + 1.0) * dlam * a * 0.4410127717245515;
+    y = phi * a * 0.882025543449103;
+  });
+}
+
+int32_t gx_eckert_v_inverse(const double* sphere, double* parms, int32_t n, double* coords,
+                            const int32_t*, const double*) {
+  double a = sphere[0], a2 = 2.0 * a, lam0 = central_meridian(parms);
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    double phi = y * 2.267508027238226 / a2;
+    double dlam = x * 2.267508027238226 / ((std::cos(phi) + 1.0) * a);
+    x = gx_delta_fast(dlam + lam0);
+    y = phi;
+  });
+}
+
+int32_t gx_eckert_vi_forward(const double* sphere, double* parms, int32_t n, double* coords,
+                             const int32_t*, const double*) {
+  double a = sphere[0], lam0 = central_meridian(parms);
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    double dlam = gx_delta_fast(x - lam0);
+    double theta = eckert_vi_theta(y);
+    x = (std::cos(theta) + 1.0) * dlam * a * 0.4410127717245515;
+    y = theta * a * 0.882025543449103;
+  });
+}
+
+int32_t gx_eckert_vi_inverse(const double* sphere, double* parms, int32_t n, double* coords,
+                             const int32_t*, const double*) {
+  double a = sphere[0], a2 = 2.0 * a, lam0 = central_meridian(parms);
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    double theta = y * 2.267508027238226 / a2;
+    double phi = std::asin(gx_clamp_unit((std::sin(theta) + theta) * 0.38898452964834274));
+    double dlam = x * 2.267508027238226 / ((std::cos(theta) + 1.0) * a);
+    x = gx_delta_fast(dlam + lam0);
+    y = phi;
+  });
+}
