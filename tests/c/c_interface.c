@@ -23,6 +23,15 @@ int main(void) {
   CHECK(gx_object_type(unit) == GX_TYPE_UNIT);
   gx_unit_del(unit);
   CHECK(gx_unit_new("x", 0.0) == NULL);
+  {
+    gx_geogcs *gcs = gx_geogcs_from_string(
+        "GEOGCS[\"GCS_WGS_1984\",DATUM[\"D_WGS_1984\",SPHEROID[\"WGS_1984\",6378137.0,"
+        "298.257223563]],PRIMEM[\"Greenwich\",0.0],UNIT[\"Degree\",0.0174532925199433]]");
+    CHECK(gx_coordsys_p(gcs) == 1);
+    CHECK(gx_spheroid_axis(gx_datum_spheroid(gx_geogcs_datum(gcs))) == 6378137.0);
+    CHECK(gx_parameter_index(NULL) == -2);
+    gx_geogcs_del(gcs);
+  }
   CHECK(strcmp(gx_dtoa(6378137.0, buffer, 16), "6378137.0") == 0);
   CHECK(strncmp(gx_version(), "Gexmar Version 9.3.0", 20) == 0);
   printf("c interface: %d failures\n", failures);

@@ -210,17 +210,9 @@ INSTANTIATE_TEST_SUITE_P(
                     "Object type keyword \"DATUM\" not found in WKT string"}));
 
 TEST(DatumText, WithoutRecordEveryFailureReachesTheHook) {
-  const char* text = "DATUM[\"D\",SPHEROID[\"S\",6378137,0.5],AUTHORITY[\"EPSG\",0]]";
-  {
-    MessageCollector hook;
-    EXPECT_EQ(gx_datum_from_string(text), nullptr);
-    EXPECT_EQ(hook.codes(), (std::vector<uint32_t>{421, 311, 442}));
-  }
-  MessageCollector hook;
-  gx_errext record;
-  EXPECT_EQ(gx_datum_from_string_errext(text, &record), nullptr);
-  EXPECT_EQ(record.code, 421u);
-  EXPECT_EQ(hook.codes(), (std::vector<uint32_t>{421}));
+  ExpectEveryFailureWithoutRecord(
+      gx_datum_from_string_errext,
+      "DATUM[\"D\",SPHEROID[\"S\",6378137,0.5],AUTHORITY[\"EPSG\",0]]", {421, 311, 442});
 }
 
 TEST(DatumText, CutAnywhereIsSafe) {

@@ -7,7 +7,9 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <vector>
 
+#include "frame/hook_support.h"
 #include "gx_objects.h"
 
 struct ObjectDeleter {
@@ -63,4 +65,22 @@ inline void ExpectEveryPrefixIsSafe(const std::string& text, uint32_t type) {
     }
     gx_object_del(obj);
   }
+}
+
+// A text that fails more than once: without a record the walk goes on and
+// the hook sees every failure in order; with a record it stops at the first,
+// which the record keeps.
+template <class T>
+void ExpectEveryFailureWithoutRecord(T* (*read)(const char*, gx_errext*), const char* text,
+                                     const std::vector<uint32_t>& codes) {
+  {
+    MessageCollector hook;
+    EXPECT_EQ(read(text, nullptr), nullptr) << text;
+    EXPECT_EQ(hook.codes(), codes) << text;
+  }
+  MessageCollector hook;
+  gx_errext record;
+  EXPECT_EQ(read(text, &record), nullptr) << text;
+  EXPECT_EQ(record.code, codes.front()) << text;
+  EXPECT_EQ(hook.codes(), std::vector<uint32_t>{codes.front()}) << text;
 }

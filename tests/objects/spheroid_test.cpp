@@ -242,17 +242,8 @@ TEST(SpheroidText, RecordOfAGoodReadingIsClearAfterAWarning) {
 }
 
 TEST(SpheroidText, WithoutRecordTheWalkGoesOnAndReportsEverything) {
-  const char* text = "SPHEROID[\"S\",6378137,0.5,AUTHORITY[\"EPSG\",0]]";
-  {
-    MessageCollector hook;
-    EXPECT_EQ(gx_spheroid_from_string(text), nullptr);
-    EXPECT_EQ(hook.codes(), (std::vector<uint32_t>{421, 311}));
-  }
-  MessageCollector hook;
-  gx_errext record;
-  EXPECT_EQ(gx_spheroid_from_string_errext(text, &record), nullptr);
-  EXPECT_EQ(record.code, 421u);
-  EXPECT_EQ(hook.codes(), (std::vector<uint32_t>{421}));
+  ExpectEveryFailureWithoutRecord(gx_spheroid_from_string_errext,
+                                  "SPHEROID[\"S\",6378137,0.5,AUTHORITY[\"EPSG\",0]]", {421, 311});
 }
 
 TEST(SpheroidText, CutAnywhereIsSafe) {

@@ -28,7 +28,7 @@ TEST(UnitNew, AliasStatusAndCode) {
 }
 
 TEST(UnitNew, RefusesFactorsThatAreNotPositive) {
-  const double bad[] = {0.0, -1.0, std::nan("")};
+  const double bad[] = {0.0, -1.0, std::nan(""), INFINITY, -INFINITY};
   for (double factor : bad) {
     gx_errext record;
     EXPECT_EQ(gx_unit_new_errext("x", factor, &record), nullptr);
@@ -112,6 +112,12 @@ INSTANTIATE_TEST_SUITE_P(
                                   "Unit factor (-2.5) in WKT string is <= 0"},
                       BadUnitText{"UNIT[\"Meter\",abc]", 422,
                                   "Unit factor (0.0) in WKT string is <= 0"},
+                      BadUnitText{"UNIT[\"Meter\",nan]", 422,
+                                  "Unit factor (nan) in WKT string is <= 0"},
+                      BadUnitText{"UNIT[\"Meter\",inf]", 422,
+                                  "Unit factor (inf) in WKT string is <= 0"},
+                      BadUnitText{"UNIT[\"Meter\",1e999]", 422,
+                                  "Unit factor (inf) in WKT string is <= 0"},
                       BadUnitText{"UNIT[\"Meter\",X[1]]", 422,
                                   "Unit factor (0.0) in WKT string is <= 0"},
                       BadUnitText{"UNIT[[\"a\"],1]", 455, "Missing unit conversion factor in WKT string"},
