@@ -9,6 +9,9 @@
 #include "gx_objects.h"
 #include "gx_geodesy.h"
 #include "gx_projections.h"
+#include "gx_horizon.h"
+#include "gx_convert.h"
 #include "gx_methods.h"
+#include "gx_gridref.h"
 
 #endif /* ORVAMOBILEGX_H */

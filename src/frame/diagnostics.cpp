@@ -197,6 +197,18 @@ void gx_report_alt(gx_errext* record, uint32_t code, const char* function, ...) 
   va_end(args);
 }
 
+void gx_report_severity(gx_errext* record, uint32_t severity, uint32_t code,
+                        const char* function, ...) {
+  const gx_message* m = find_message(code, 0);
+  if (m == nullptr) return;
+  char text[GX_ERREXT_MESSAGE_SIZE];
+  va_list args;
+  va_start(args, function);
+  gx_vsnprintf(text, sizeof text, m->format, args);
+  va_end(args);
+  gx_errext_set(record, severity, m->category, code, function, text);
+}
+
 void gx_errext_set(gx_errext* record, uint32_t severity, uint32_t category, uint32_t code,
                    const char* function, const char* message) {
   record->severity = severity;

@@ -24,6 +24,11 @@ void gx_report(gx_errext* record, uint32_t code, const char* function, ...);
 // The same for the second wording of a number that has two.
 void gx_report_alt(gx_errext* record, uint32_t code, const char* function, ...);
 
+// The same with a severity of the caller's choice, for messages that are an
+// error in one case and a warning in another.
+void gx_report_severity(gx_errext* record, uint32_t severity, uint32_t code,
+                        const char* function, ...);
+
 // Formats wording `variant` (0 or 1) of message `code` into text; returns the
 // message's severity, 0 for a number that has no such wording.
 uint32_t gx_message_vformat(char* text, size_t size, uint32_t code, int variant, va_list args);

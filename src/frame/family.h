@@ -17,7 +17,12 @@
 //                                 gx_errext* record);
 //   };
 //
-// then writes GX_FAMILY_EXPORTS(gx_unit, unit) and, with an authority,
+// Two more functions are optional: `scan(block, text)`, for a family that
+// finds its text by more than one keyword, and `finish_top_level(obj)`, a
+// correction made only when an object is read as a text of its own, never
+// when it is read as a part of a larger one.
+//
+// The family then writes GX_FAMILY_EXPORTS(gx_unit, unit) and, with an authority,
 // GX_FAMILY_AUTHORITY_EXPORTS(gx_unit, unit).  Everything else here is shared:
 // the table of operations, clone, del, p, eq, name, the WKT text with its
 // authority clause, type, status, code, the authority made on demand, the _w
@@ -36,10 +41,16 @@
 template <class T>
 struct gx_family;
 
-// Stack buffers for the _w siblings: a name or a WKT text.
+// Stack buffers for the _w siblings: a name or a WKT text.  The conversion
+// stops at the buffer's size, so an overlong 16-bit text is cut, never
+// written past the buffer.
 struct gx_narrow_text {
   char text[GX_WKT_SIZE];
-  explicit gx_narrow_text(const gx_wchar* wide) { gx_narrow_from_wide(text, wide, -1); }
+  explicit gx_narrow_text(const gx_wchar* wide) { gx_narrow_from_wide(text, wide, GX_WKT_SIZE - 1); }
+};
+struct gx_narrow_name {
+  char text[GX_NAME_SIZE];
+  explicit gx_narrow_name(const gx_wchar* wide) { gx_narrow_from_wide(text, wide, GX_NAME_SIZE - 1); }
 };
 
 template <class T>
@@ -78,7 +89,10 @@ struct gx_family_ops {
     gx_errext* record = gx_errext_begin(caller, &local);
     gx_function_name function(F::prefix, "_from_string");
     if (text == nullptr) {
-      gx_report(record, 456, function.text);
+      if constexpr (requires { F::null_text_function; })
+        gx_report(record, 456, F::null_text_function);
+      else
+        gx_report(record, 456, function.text);
       return nullptr;
     }
     gx_wkt_tokens block;
@@ -86,7 +100,11 @@ struct gx_family_ops {
     if (block.severity != 0)
       gx_errext_set(record, block.severity, GX_CAT_WKT, block.code, function.text, block.message);
     if (r != 0) return nullptr;
-    return F::from_tokens(&block, 0, nullptr, caller);
+    T* obj = F::from_tokens(&block, 0, nullptr, caller);
+    if constexpr (requires { F::finish_top_level(obj); }) {
+      if (obj != nullptr) F::finish_top_level(obj);
+    }
+    return obj;
   }
 
   static int scan(gx_wkt_tokens* block, const char* text) {
@@ -169,12 +187,7 @@ struct gx_family_ops {
     gx_authority* authority = authority_of(obj);
     if (authority == nullptr) return;
     char clause[GX_WKT_SIZE];  // every to_string_ext writes a whole WKT buffer
-    gx_authority_to_string(authority, clause);
-    size_t length = std::strlen(buffer);
-    if (length + std::strlen(clause) + 1 < GX_WKT_SIZE - 2) {
-      buffer[length] = ',';
-      std::strcpy(buffer + length + 1, clause);
-    }
+    gx_wkt_append_clause(buffer, gx_authority_to_string(authority, clause));
   }
 
   static uint32_t type(const void* obj) { return valid(obj) ? F::type : 0; }
@@ -281,6 +294,27 @@ gx_authority* gx_authority_from_tokens(gx_wkt_tokens* block, int32_t start, int3
 constexpr gx_wkt_clause gx_authority_clause = {
     "AUTHORITY", nullptr, gx_wkt_parser_of<gx_authority, gx_authority_from_tokens>,
     GX_WKT_AUTHORITY_SLOT, 403, 0, false, nullptr};
+
+// The walk of an object that is only a name and an AUTHORITY clause, such as
+// PROJECTION["name"] or METHOD["name"]: `make` turns the name into the object
+// (from its list), and the text's authority is attached.
+template <class T>
+T* gx_read_named(gx_wkt_tokens* block, int32_t start, int32_t* next, gx_errext* record,
+                 T* (*make)(const char* name, gx_errext* record)) {
+  using F = gx_family<T>;
+  static constexpr gx_wkt_clause clauses[] = {gx_authority_clause};
+  gx_wkt_walk walk;
+  gx_function_name function(F::prefix, "_from_string");
+  if (!gx_wkt_walk_begin(&walk, block, start, next, record, F::keyword, nullptr, 2,
+                         function.text))
+    return nullptr;
+  if (!gx_wkt_walk_clauses(&walk, start + 2, clauses, 1)) {
+    gx_wkt_walk_drop(&walk);
+    return nullptr;
+  }
+  T* obj = make(walk.name, walk.caller_record ? walk.record : nullptr);
+  return gx_family_ops<T>::finish_parse(obj, &walk);
+}
 
 // The extern "C" layer of a family: the common operations under their names.
 #define GX_FAMILY_EXPORTS(T, fam)                                                          \

@@ -4,6 +4,7 @@
 
 #include <cctype>
 #include <cstdarg>
+#include <cstring>
 
 #include "frame/diagnostics.h"
 #include "frame/object.h"
@@ -180,7 +181,7 @@ int32_t gx_wkt_skip(const gx_wkt_tokens* block, int32_t index, int32_t end) {
 
 bool gx_wkt_walk_begin(gx_wkt_walk* walk, gx_wkt_tokens* block, int32_t start, int32_t* next,
                        gx_errext* record, const char* keyword, const char* alias,
-                       int32_t min_tokens, const char* function, bool alt_wording) {
+                       int32_t min_tokens, const char* function, unsigned alt_wordings) {
   walk->record = gx_errext_begin(record, &walk->local);
   walk->caller_record = record != nullptr;
   walk->block = block;
@@ -190,7 +191,8 @@ bool gx_wkt_walk_begin(gx_wkt_walk* walk, gx_wkt_tokens* block, int32_t start, i
   walk->name = "";
   for (void*& part : walk->parts) part = nullptr;
   if (start < 0 || start >= block->count) {
-    (alt_wording ? gx_report_alt : gx_report)(walk->record, 462, function, start);
+    ((alt_wordings & GX_WKT_ALT_462) ? gx_report_alt : gx_report)(walk->record, 462, function,
+                                                                  start);
     return false;
   }
   walk->start = start;
@@ -200,7 +202,7 @@ bool gx_wkt_walk_begin(gx_wkt_walk* walk, gx_wkt_tokens* block, int32_t start, i
   walk->end = end;
   if (next != nullptr) *next = end;
   if (end - start < min_tokens) {
-    (alt_wording ? gx_report_alt : gx_report)(walk->record, 459, function);
+    ((alt_wordings & GX_WKT_ALT_459) ? gx_report_alt : gx_report)(walk->record, 459, function);
     return false;
   }
   const char* word = block->tokens[start].value;
@@ -292,4 +294,12 @@ void gx_wkt_walk_drop(gx_wkt_walk* walk) {
     gx_object_del(part);
     part = nullptr;
   }
+}
+
+void gx_wkt_append_clause(char* buffer, const char* clause) {
+  size_t length = std::strlen(buffer);
+  size_t extra = std::strlen(clause);
+  if (length + extra + 1 >= GX_WKT_SIZE - 2) return;
+  buffer[length] = ',';
+  std::memcpy(buffer + length + 1, clause, extra + 1);
 }

@@ -77,11 +77,15 @@ struct gx_wkt_walk {
 // Steps shared by every from_tokens, up to and including the name: takes the
 // record, checks the start and the token count, finds the object's end (and
 // stores it in *next), checks the keyword (or `alias`) and reads the name.
-// The walk's `level_alt` etc. are untouched.  False when the object is refused
+// False when the object is refused
 // (already reported).  `min_tokens` counts the keyword.
+// Second wordings a family keeps for the messages of the walk's begin.
+constexpr unsigned GX_WKT_ALT_459 = 1;  // "insufficient tokens" (projcs)
+constexpr unsigned GX_WKT_ALT_462 = 2;  // "... int WKT string ..." (array)
+
 bool gx_wkt_walk_begin(gx_wkt_walk* walk, gx_wkt_tokens* block, int32_t start, int32_t* next,
                        gx_errext* record, const char* keyword, const char* alias,
-                       int32_t min_tokens, const char* function, bool alt_wording = false);
+                       int32_t min_tokens, const char* function, unsigned alt_wordings = 0);
 
 // The value token at `index` when it stands at the object's own level, else
 // null (the caller reports its own message).
@@ -100,6 +104,11 @@ void gx_wkt_walk_fail(gx_wkt_walk* walk);
 
 // The index behind the token at `index` and everything nested in it.
 int32_t gx_wkt_skip(const gx_wkt_tokens* block, int32_t index, int32_t end);
+
+// Writing: appends "," and the clause when what stands so far, the clause
+// and one more character stay below 1022; a clause that doesn't fit is
+// dropped in silence.
+void gx_wkt_append_clause(char* buffer, const char* clause);
 
 // Deletes every part the walk holds.
 void gx_wkt_walk_drop(gx_wkt_walk* walk);

@@ -98,11 +98,7 @@ GX_API gx_authority* gx_authority_new(const char* name, int32_t code, const char
 GX_API gx_authority* gx_authority_new_w(const gx_wchar* name, int32_t code,
                                         const gx_wchar* version) {
   if (name == nullptr) return nullptr;
-  char narrow_name[GX_NAME_SIZE];
-  char narrow_version[GX_NAME_SIZE];
-  gx_narrow_from_wide(narrow_name, name, -1);
-  gx_narrow_from_wide(narrow_version, version, -1);
-  return gx_authority_new(narrow_name, code, narrow_version);
+  return gx_authority_new(gx_narrow_name(name).text, code, gx_narrow_name(version).text);
 }
 
 GX_API int32_t gx_authority_authcode(const gx_authority* obj) {

@@ -1,4 +1,6 @@
 // gx_unit: a linear or angular unit, one family whatever it measures.
+#include <cmath>
+
 #include "frame/family.h"
 #include "gx_geodesy.h"
 
@@ -23,6 +25,9 @@ constexpr gx_alias unit_aliases[] = {
 };
 
 constexpr gx_wkt_clause unit_clauses[] = {gx_authority_clause};
+
+// A finite factor above 0: NaN and infinities are refused like 0.
+bool factor_valid(double factor) { return std::isfinite(factor) && factor > 0.0; }
 
 }  // namespace
 
@@ -62,7 +67,7 @@ gx_unit* gx_family<gx_unit>::from_tokens(gx_wkt_tokens* block, int32_t start, in
     return nullptr;
   }
   double factor = gx_atod(factor_text);
-  if (!(factor > 0.0)) {
+  if (!factor_valid(factor)) {
     gx_report(walk.record, 422, kFromString, gx_number_text(factor).text);
     return nullptr;
   }
@@ -85,7 +90,7 @@ extern "C" {
 GX_API gx_unit* gx_unit_new_errext(const char* name, double factor, gx_errext* caller) {
   gx_errext local;
   gx_errext* record = gx_errext_begin(caller, &local);
-  if (!(factor > 0.0)) {
+  if (!factor_valid(factor)) {
     gx_report(record, 304, kNew, gx_number_text(factor).text);
     return nullptr;
   }
@@ -100,9 +105,7 @@ GX_API gx_unit* gx_unit_new(const char* name, double factor) {
 
 GX_API gx_unit* gx_unit_new_w(const gx_wchar* name, double factor) {
   if (name == nullptr) return nullptr;
-  char narrow[GX_NAME_SIZE];
-  gx_narrow_from_wide(narrow, name, -1);
-  return gx_unit_new(narrow, factor);
+  return gx_unit_new(gx_narrow_name(name).text, factor);
 }
 
 GX_API double gx_unit_factor(const gx_unit* obj) {

@@ -91,8 +91,7 @@ int32_t forward(const double* c, const double* sphere, double lam0, int32_t n, d
 // Newton's method on q, ended by the step bound or after `steps` steps.
 double latitude_of_authalic_sine(const double* c, double e2, double t, int steps) {
   if (std::fabs(t) <= GX_EPS) return 0.0;
-  if (std::fabs(std::fabs(t) - 1.0) <= ((std::fabs(t) + 1.0) / 2 + 1) * GX_EPS)
-    return t < 0.0 ? -GX_HALFPI : GX_HALFPI;
+  if (gx_is_unit(t)) return t < 0.0 ? -GX_HALFPI : GX_HALFPI;
   const double e = c[kE];
   double q = t * c[kQ90];
   double target = q / c[kOneMinusE2];

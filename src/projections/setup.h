@@ -48,3 +48,9 @@ inline bool gx_is_halfpi(double angle) {
   double a = std::fabs(angle);
   return std::fabs(a - GX_HALFPI) <= ((a + GX_HALFPI) / 2 + 1) * GX_EPS;
 }
+
+// Equality with 1 in magnitude, in the sense of gx_eq.
+inline bool gx_is_unit(double value) {
+  double a = std::fabs(value);
+  return std::fabs(a - 1.0) <= ((a + 1.0) / 2 + 1) * GX_EPS;
+}

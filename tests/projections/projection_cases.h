@@ -89,5 +89,7 @@ bool same_bits(const std::vector<double>& a, const std::vector<double>& b);
 class ProjectionCaseTest : public ::testing::TestWithParam<ProjectionCase> {};
 
 std::string case_name(const ::testing::TestParamInfo<ProjectionCase>& info);
+// A case shows as its label in failure messages.
+void PrintTo(const ProjectionCase& c, std::ostream* os);
 
 }  // namespace gx_test

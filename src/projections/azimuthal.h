@@ -1,0 +1,117 @@
+// The azimuthal family: projections onto a plane touching (or cutting) the
+// body at a centre, with every direction from the centre kept.
+//
+// Each function first sorts the run by where the centre lies: on the north
+// pole, on the south pole, on the equator, or anywhere else.  The inverse of
+// every member sends a point at distance 0 from the origin to the centre.
+//
+// Stereographic family (stereographic.cpp): Stereographic, the two polar
+// forms with a parallel of true scale, and Double_Stereographic (the
+// ellipsoid mapped conformally onto a Gaussian sphere first).
+// Lambert_Azimuthal_Equal_Area (lambert_azimuthal.cpp), Azimuthal_Equidistant
+// and Two_Point_Equidistant (azimuthal_equidistant.cpp), Gnomonic,
+// Orthographic and Vertical_Near_Side_Perspective (perspective.cpp).
+#pragma once
+
+#include "projections/setup.h"
+
+// Where the centre of an azimuthal projection lies.
+enum gx_aspect { GX_ASPECT_NORTH, GX_ASPECT_SOUTH, GX_ASPECT_EQUATOR, GX_ASPECT_OBLIQUE };
+
+// The aspect of a centre latitude, each test by gx_eq.
+inline gx_aspect gx_azimuthal_aspect(double phi0) {
+  if (gx_eq(phi0, GX_HALFPI)) return GX_ASPECT_NORTH;
+  if (gx_eq(phi0, -GX_HALFPI)) return GX_ASPECT_SOUTH;
+  if (gx_eq(phi0, 0.0)) return GX_ASPECT_EQUATOR;
+  return GX_ASPECT_OBLIQUE;
+}
+
+inline bool gx_azimuthal_polar(gx_aspect aspect) {
+  return aspect == GX_ASPECT_NORTH || aspect == GX_ASPECT_SOUTH;
+}
+
+// What a run of a projection centred at (Central_Meridian,
+// Latitude_Of_Origin) reads first: the centre, its aspect, and whether the
+// body is a sphere.
+struct gx_azimuthal_frame {
+  double lam0;
+  double phi0;
+  gx_aspect aspect;
+  bool sphere;
+};
+
+inline gx_azimuthal_frame gx_azimuthal_frame_of(const double* sphere, const double* parms) {
+  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
+  return {parms[GX_PARM_CENTRAL_MERIDIAN], phi0, gx_azimuthal_aspect(phi0), gx_is_sphere(sphere)};
+}
+
+// A point of a polar aspect at distance r from the pole and longitude dlam
+// from the central meridian: the meridian below the north pole points down.
+inline void gx_polar_point(bool north, double dlam, double r, double* xy) {
+  xy[0] = std::sin(dlam) * r;
+  xy[1] = north ? -std::cos(dlam) * r : std::cos(dlam) * r;
+}
+
+// The longitude from the central meridian of a plane point of a polar aspect.
+inline double gx_polar_dlam(bool north, double x, double y) {
+  return north ? std::atan2(x, -y) : std::atan2(x, y);
+}
+
+// The image of the origin under an inverse: the centre itself.
+inline void gx_azimuthal_centre(double* lp, double lam0, double phi0) {
+  lp[0] = gx_delta_fast(lam0);
+  lp[1] = phi0;
+}
+
+// ---- the projections ------------------------------------------------------------
+
+// Declares gx_<p>_forward and gx_<p>_inverse, of the form gx_projection_fn.
+#define GX_DECLARE_PROJECTION_FUNCTIONS(p)                                                 \
+  int32_t gx_##p##_forward(const double* sphere, double* parms, int32_t n, double* coords, \
+                           const int32_t* ints, const double* doubles);                    \
+  int32_t gx_##p##_inverse(const double* sphere, double* parms, int32_t n, double* coords, \
+                           const int32_t* ints, const double* doubles)
+// Declares gx_<p>_constants, of the form gx_constants_fn.
+#define GX_DECLARE_PROJECTION_LOADER(p) \
+  int32_t gx_##p##_constants(gx_constants* block, const double* sphere, const double* parms)
+
+// The set-ups of the projections whose sphere layout an auxiliary sphere twin
+// stores (gx_setup_fn).
+void gx_stereographic_setup(const double* sphere, const double* parms, int mask, double* layout);
+void gx_lambert_azimuthal_equal_area_setup(const double* sphere, const double* parms, int mask,
+                                           double* layout);
+void gx_azimuthal_equidistant_setup(const double* sphere, const double* parms, int mask,
+                                    double* layout);
+// Gnomonic's and Orthographic's: the cosine and sine of the centre.
+void gx_gnomonic_setup(const double* sphere, const double* parms, int mask, double* layout);
+
+GX_DECLARE_PROJECTION_FUNCTIONS(stereographic);
+GX_DECLARE_PROJECTION_LOADER(stereographic);
+GX_DECLARE_PROJECTION_FUNCTIONS(stereographic_north_pole);
+GX_DECLARE_PROJECTION_LOADER(stereographic_north_pole);
+GX_DECLARE_PROJECTION_FUNCTIONS(stereographic_south_pole);
+GX_DECLARE_PROJECTION_LOADER(stereographic_south_pole);
+GX_DECLARE_PROJECTION_FUNCTIONS(double_stereographic);
+GX_DECLARE_PROJECTION_LOADER(double_stereographic);
+GX_DECLARE_PROJECTION_FUNCTIONS(lambert_azimuthal_equal_area);
+GX_DECLARE_PROJECTION_LOADER(lambert_azimuthal_equal_area);
+GX_DECLARE_PROJECTION_FUNCTIONS(azimuthal_equidistant);
+GX_DECLARE_PROJECTION_LOADER(azimuthal_equidistant);
+GX_DECLARE_PROJECTION_FUNCTIONS(two_point_equidistant);
+GX_DECLARE_PROJECTION_FUNCTIONS(gnomonic);
+GX_DECLARE_PROJECTION_LOADER(gnomonic);  // Orthographic's loader too
+GX_DECLARE_PROJECTION_FUNCTIONS(orthographic);
+GX_DECLARE_PROJECTION_FUNCTIONS(vertical_near_side_perspective);
+GX_DECLARE_PROJECTION_LOADER(vertical_near_side_perspective);
+
+// The auxiliary sphere twins (see auxiliary_sphere.h).
+GX_DECLARE_PROJECTION_FUNCTIONS(stereographic_auxiliary_sphere);
+GX_DECLARE_PROJECTION_LOADER(stereographic_auxiliary_sphere);
+GX_DECLARE_PROJECTION_FUNCTIONS(azimuthal_equidistant_auxiliary_sphere);
+GX_DECLARE_PROJECTION_LOADER(azimuthal_equidistant_auxiliary_sphere);
+GX_DECLARE_PROJECTION_FUNCTIONS(lambert_azimuthal_equal_area_auxiliary_sphere);
+GX_DECLARE_PROJECTION_LOADER(lambert_azimuthal_equal_area_auxiliary_sphere);
+GX_DECLARE_PROJECTION_FUNCTIONS(orthographic_auxiliary_sphere);
+GX_DECLARE_PROJECTION_LOADER(orthographic_auxiliary_sphere);
+GX_DECLARE_PROJECTION_FUNCTIONS(gnomonic_auxiliary_sphere);
+GX_DECLARE_PROJECTION_LOADER(gnomonic_auxiliary_sphere);
