@@ -17,6 +17,13 @@ void setup(const double* sphere, const double*, int mask, double* k) {
   gx_mu_series_init(sphere[1], k + kTable, mask);
 }
 
+// The parallel's radius cos(phi) * gx_n(a, e2, phi), with gx_n's own formula
+// written out so that its sine and the cosine come from one call.
+double parallel_radius(double a, double e2, double phi) {
+  double s = std::sin(phi), c = std::cos(phi);
+  return c * (a / std::sqrt(1.0 - s * s * e2));
+}
+
 }  // namespace
 
 int32_t gx_sinusoidal_forward(const double* sphere, double* parms, int32_t n, double* coords,
@@ -35,7 +42,7 @@ int32_t gx_sinusoidal_forward(const double* sphere, double* parms, int32_t n, do
   const double* table = k + kTable;
   return gx_each_point(n, coords, [&](double& x, double& y) {
     double dlam = gx_delta_fast(x - lam0), phi = y;
-    x = std::cos(phi) * gx_n(a, e2, phi) * dlam;
+    x = parallel_radius(a, e2, phi) * dlam;
     y = gx_phi_to_mu_c(e2, phi, table) * rect_r;
   });
 }
@@ -57,8 +64,7 @@ int32_t gx_sinusoidal_inverse(const double* sphere, double* parms, int32_t n, do
   const double* table = k + kTable;
   return gx_each_point(n, coords, [&](double& x, double& y) {
     double phi = gx_mu_to_phi_c(e2, y / rect_r, table);
-    double dlam =
-        gx_is_halfpi(phi) ? 0.0 : gx_onto_half_turn(x / (std::cos(phi) * gx_n(a, e2, phi)));
+    double dlam = gx_is_halfpi(phi) ? 0.0 : gx_onto_half_turn(x / parallel_radius(a, e2, phi));
     x = gx_delta_fast(dlam + lam0);
     y = phi;
   });

@@ -17,6 +17,7 @@
 #include "projections/apart.h"
 #include "projections/ellipsoids.h"
 #include "projections/projection_cases.h"
+#include "projections/wild_inputs.h"
 
 namespace gx_test {
 namespace {
@@ -67,6 +68,10 @@ const ProjectionCase kCases[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Apart, ProjectionCaseTest, ::testing::ValuesIn(kCases), case_name);
+
+TEST(Apart, WildInputsEndWithoutAFault) {
+  expect_wild_inputs_end(kCases, sizeof kCases / sizeof kCases[0]);
+}
 
 struct Vector {
   double parms[GX_PARM_COUNT];

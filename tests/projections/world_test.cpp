@@ -26,6 +26,7 @@
 
 #include "projections/ellipsoids.h"
 #include "projections/projection_cases.h"
+#include "projections/wild_inputs.h"
 #include "projections/world.h"
 
 namespace gx_test {
@@ -383,6 +384,10 @@ INSTANTIATE_TEST_SUITE_P(World, ProjectionCaseTest, ::testing::ValuesIn(kCases),
 
 // ---- single-purpose checks -----------------------------------------------------------
 
+TEST(World, WildInputsEndWithoutAFault) {
+  expect_wild_inputs_end(kCases, sizeof kCases / sizeof kCases[0]);
+}
+
 const double kWgs84[2] = {kWgs84A, kWgs84E2};
 const double kSphere[2] = {kSphereR, 0.0};
 
@@ -565,6 +570,59 @@ TEST(Robinson, StirlingInterpolation) {
   // Beyond the last row: the last value.
   EXPECT_EQ(gx_stirling3(t, f, 5, 3.5), 9.0);
   EXPECT_EQ(gx_stirling3(t, f, 5, NAN), 9.0);
+}
+
+// The Y rows of the table, for the checks of the inverse's bisection.
+const double kRobinsonLatitudes[20] = {
+    -0.08726646259971647, 0.0, 0.08726646259971647, 0.17453292519943295, 0.26179938779914946,
+    0.3490658503988659, 0.4363323129985824, 0.5235987755982989, 0.6108652381980153,
+    0.6981317007977318, 0.7853981633974483, 0.8726646259971648, 0.9599310885968813,
+    1.0471975511965979, 1.1344640137963142, 1.2217304763960306, 1.3089969389957472,
+    1.3962634015954636, 1.4835298641951802, 1.5707963267948966};
+const double kRobinsonY[20] = {-0.062, 0,      0.062,  0.124,  0.186,  0.248,  0.31,
+                               0.372,  0.434,  0.4958, 0.5571, 0.6176, 0.6769, 0.7346,
+                               0.7903, 0.8435, 0.8936, 0.9394, 0.9761, 1};
+
+// The bisection of the inverse as the definition states it, round by round.
+double plain_bisection(double t) {
+  double lo = 0.0, hi = GX_HALFPI, mid = 0.0;
+  for (int round = 0; round < 200; ++round) {
+    mid = (hi + lo) * 0.5;
+    double f = gx_stirling3(kRobinsonLatitudes, kRobinsonY, 20, mid) - t;
+    if (gx_eq(f, 0.0) || gx_eq(lo, hi)) break;
+    if (f > 0.0) hi = mid;
+    else lo = mid;
+  }
+  return mid;
+}
+
+TEST(Robinson, InterpolatedYRisesEverywhere) {
+  // The inverse's shortcut relies on a slope of at least 0.2 per radian.
+  double last = gx_stirling3(kRobinsonLatitudes, kRobinsonY, 20, 0.0);
+  for (int i = 1; i <= 100000; ++i) {
+    double v = GX_HALFPI * i / 100000.0;
+    double y = gx_stirling3(kRobinsonLatitudes, kRobinsonY, 20, v);
+    ASSERT_GT(y - last, 0.2 * (GX_HALFPI / 100000.0)) << v;
+    last = y;
+  }
+}
+
+TEST(Robinson, InverseLatitudeIsThePlainBisectionToTheBit) {
+  // The inverse skips the interpolation where a round's side is sure; its
+  // latitudes must still be those of the bisection round by round.
+  Vector v({});
+  const double ky = kSphereR * 1.3523319842835606;
+  std::vector<double> ts = {0.0, 1e-18, 1e-15, 3e-15, 1e-12, 0.062, 0.5571, 0.9761, 1.0,
+                            1.0 - 1e-16, 1.0 + 1e-16, 1.0 + 1e-15, 1.2};
+  for (int i = 0; i < 20000; ++i) ts.push_back((i + 0.5) / 20000.0);
+  for (int i = 0; i < 20; ++i) ts.push_back(kRobinsonY[i] > 0.0 ? kRobinsonY[i] : 0.0);
+  for (double t : ts) {
+    double xy[2] = {0.0, t * ky};
+    gx_robinson_inverse(kSphere, v.parms, 1, xy, nullptr, nullptr);
+    // The y of the point is t * ky; the inverse divides it back.
+    double expected = plain_bisection(t * ky / ky);
+    ASSERT_EQ(xy[1], expected) << t;
+  }
 }
 
 TEST(Robinson, BeyondTheLastRowTakesTheLastValue) {
