@@ -31,6 +31,9 @@ struct gx_reader_row {
 // The order of the rows is the order of the tests; it matters where one
 // keyword holds another or one text holds several objects.
 constexpr gx_reader_row readers[] = {
+    {gx_match::starts, "GEOGTRAN", GX_TYPE_GEOGTRAN,
+     reader_of<gx_geogtran, gx_geogtran_from_string_errext>},
+    {gx_match::starts, "PROJCS", GX_TYPE_PROJCS, reader_of<gx_projcs, gx_projcs_from_string_errext>},
     {gx_match::starts, "GEOGCS", GX_TYPE_GEOGCS, reader_of<gx_geogcs, gx_geogcs_from_string_errext>},
     {gx_match::starts, "DATUM", GX_TYPE_DATUM, reader_of<gx_datum, gx_datum_from_string_errext>},
     {gx_match::starts, "LINUNIT", GX_TYPE_UNIT, reader_of<gx_unit, gx_unit_from_string_errext>},
@@ -41,6 +44,9 @@ constexpr gx_reader_row readers[] = {
      reader_of<gx_spheroid, gx_spheroid_from_string_errext>},
     {gx_match::starts, "ELLIPSOID", GX_TYPE_SPHEROID,
      reader_of<gx_spheroid, gx_spheroid_from_string_errext>},
+    {gx_match::starts, "METHOD", GX_TYPE_METHOD, reader_of<gx_method, gx_method_from_string_errext>},
+    {gx_match::starts, "PROJECTION", GX_TYPE_PROJECTION,
+     reader_of<gx_projection, gx_projection_from_string_errext>},
     {gx_match::starts, "PARAMETER", GX_TYPE_PARAMETER,
      reader_of<gx_parameter, gx_parameter_from_string_errext>},
     {gx_match::starts, "AUTHORITY", GX_TYPE_AUTHORITY,

@@ -245,6 +245,11 @@ void reversed_rotations(const double* parms, double* frame) {
 
 }  // namespace
 
+// Hands the call on to another method function with other spheres or another
+// parameter vector; the rest of the call goes as it came.
+#define GX_PASS_ON(fn, first, second, vector) \
+  fn(first, second, vector, dataset, n, coords, z, ints, values, doubles)
+
 GX_METHOD_FN(gx_method_longitude_rotation) {
   if (n < 1) return n;
   const double rotation = parms[kRz];
@@ -272,16 +277,14 @@ GX_METHOD_FN(gx_method_position_vector_forward) {
   if (n < 1) return n;
   double frame[kSlots];
   reversed_rotations(parms, frame);
-  return gx_method_bursa_wolf_forward(sphere1, sphere2, frame, dataset, n, coords, z, ints,
-                                      values, doubles);
+  return GX_PASS_ON(gx_method_bursa_wolf_forward, sphere1, sphere2, frame);
 }
 
 GX_METHOD_FN(gx_method_position_vector_inverse) {
   if (n < 1) return n;
   double frame[kSlots];
   reversed_rotations(parms, frame);
-  return gx_method_bursa_wolf_inverse(sphere1, sphere2, frame, dataset, n, coords, z, ints,
-                                      values, doubles);
+  return GX_PASS_ON(gx_method_bursa_wolf_inverse, sphere1, sphere2, frame);
 }
 
 GX_METHOD_FN(gx_method_geocentric_translation_forward) {
@@ -333,8 +336,7 @@ GX_METHOD_FN(gx_method_molodensky_inverse) {
   if (n < 1) return n;
   double reverse[kSlots];
   negated_translations(parms, reverse);
-  return gx_method_molodensky_forward(sphere2, sphere1, reverse, dataset, n, coords, z, ints,
-                                      values, doubles);
+  return GX_PASS_ON(gx_method_molodensky_forward, sphere2, sphere1, reverse);
 }
 
 GX_METHOD_FN(gx_method_molodensky_abridged_forward) {
@@ -347,6 +349,5 @@ GX_METHOD_FN(gx_method_molodensky_abridged_inverse) {
   if (n < 1) return n;
   double reverse[kSlots];
   negated_translations(parms, reverse);
-  return gx_method_molodensky_abridged_forward(sphere2, sphere1, reverse, dataset, n, coords,
-                                               z, ints, values, doubles);
+  return GX_PASS_ON(gx_method_molodensky_abridged_forward, sphere2, sphere1, reverse);
 }

@@ -83,9 +83,13 @@ int read_header(FILE* los, FILE* las, nadcon_header* header) {
       !std::isfinite(dx) || !std::isfinite(dy)) {
     return 0;
   }
-  // Both files must hold the header record and every row.
-  const int64_t needed = (static_cast<int64_t>(header->nr) + 1) * record_length(header->nc);
-  if (file_size(los) < needed || file_size(las) < needed) return 0;
+  // Both files must hold the header record and every row; each count is
+  // tested against the bytes before any product of counts is formed.
+  const int64_t los_size = file_size(los), las_size = file_size(las);
+  const int64_t size = los_size < las_size ? los_size : las_size;
+  const int64_t reclen = record_length(header->nc);
+  if (size < kHeaderBytes || reclen > size) return 0;
+  if (static_cast<int64_t>(header->nr) + 1 > size / reclen) return 0;
   // The far edges in single precision, as the grid's own numbers are.
   const float xmax = static_cast<float>(header->nc - 1) * dx + xmin;
   const float ymax = static_cast<float>(header->nr - 1) * dy + ymin;

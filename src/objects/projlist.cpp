@@ -3,9 +3,11 @@
 
 #include "frame/text.h"
 #include "horizon/horizon.h"
+#include "projections/apart.h"
 #include "projections/auxiliary_sphere.h"
 #include "projections/azimuthal.h"
 #include "projections/cylindrical.h"
+#include "projections/points.h"
 #include "projections/transverse_mercator.h"
 #include "projections/world.h"
 
@@ -83,6 +85,9 @@ constexpr gx_projection_row rows[] = {
      gx_horizon_world, nullptr, nullptr, nullptr, nullptr},
     {43026, kOrva, kVersion, "Stereographic", gx_stereographic_forward, gx_stereographic_inverse,
      nullptr, nullptr, nullptr, nullptr, gx_stereographic_constants},
+    {43126, kOrva, kVersion, "Stereographic_Auxiliary_Sphere",
+     gx_stereographic_auxiliary_sphere_forward, gx_stereographic_auxiliary_sphere_inverse, nullptr,
+     nullptr, nullptr, nullptr, gx_stereographic_auxiliary_sphere_constants},
     {43050, kOrva, kVersion, "Stereographic_North_Pole", gx_stereographic_north_pole_forward,
      gx_stereographic_north_pole_inverse, nullptr, nullptr, nullptr, nullptr,
      gx_stereographic_north_pole_constants},
@@ -100,17 +105,35 @@ constexpr gx_projection_row rows[] = {
      nullptr, nullptr, nullptr, gx_robinson_constants},
     {43057, kOrva, kVersion, "Robinson_TELMAR", gx_robinson_telmar_forward,
      gx_robinson_telmar_inverse, gx_horizon_world, nullptr, nullptr, nullptr, nullptr},
+    {43031, kOrva, kVersion, "Two_Point_Equidistant", gx_two_point_equidistant_forward,
+     gx_two_point_equidistant_inverse, nullptr, nullptr, nullptr, nullptr, nullptr},
+    {43032, kOrva, kVersion, "Azimuthal_Equidistant", gx_azimuthal_equidistant_forward,
+     gx_azimuthal_equidistant_inverse, nullptr, nullptr, nullptr, nullptr,
+     gx_azimuthal_equidistant_constants},
+    {43132, kOrva, kVersion, "Azimuthal_Equidistant_Auxiliary_Sphere",
+     gx_azimuthal_equidistant_auxiliary_sphere_forward,
+     gx_azimuthal_equidistant_auxiliary_sphere_inverse, nullptr, nullptr, nullptr, nullptr,
+     gx_azimuthal_equidistant_auxiliary_sphere_constants},
     {43033, kOrva, kVersion, "Lambert_Azimuthal_Equal_Area",
      gx_lambert_azimuthal_equal_area_forward, gx_lambert_azimuthal_equal_area_inverse, nullptr,
      nullptr, nullptr, nullptr, gx_lambert_azimuthal_equal_area_constants},
+    {43133, kOrva, kVersion, "Lambert_Azimuthal_Equal_Area_Auxiliary_Sphere",
+     gx_lambert_azimuthal_equal_area_auxiliary_sphere_forward,
+     gx_lambert_azimuthal_equal_area_auxiliary_sphere_inverse, nullptr, nullptr, nullptr, nullptr,
+     gx_lambert_azimuthal_equal_area_auxiliary_sphere_constants},
     {43034, kOrva, kVersion, "Cylindrical_Equal_Area", gx_cylindrical_equal_area_forward,
      gx_cylindrical_equal_area_inverse, gx_horizon_world, nullptr, nullptr, nullptr,
      gx_cylindrical_equal_area_constants},
     {43038, kOrva, kVersion, "Double_Stereographic", gx_double_stereographic_forward,
      gx_double_stereographic_inverse, nullptr, nullptr, nullptr, nullptr,
      gx_double_stereographic_constants},
+    {43040, kOrva, kVersion, "New_Zealand_Map_Grid", gx_new_zealand_map_grid_forward,
+     gx_new_zealand_map_grid_inverse, nullptr, nullptr, nullptr, nullptr, nullptr},
     {43041, kOrva, kVersion, "Orthographic", gx_orthographic_forward, gx_orthographic_inverse,
      nullptr, nullptr, nullptr, nullptr, nullptr},
+    {43141, kOrva, kVersion, "Orthographic_Auxiliary_Sphere",
+     gx_orthographic_auxiliary_sphere_forward, gx_orthographic_auxiliary_sphere_inverse, nullptr,
+     nullptr, nullptr, nullptr, gx_orthographic_auxiliary_sphere_constants},
     {43042, kOrva, kVersion, "Winkel_Tripel", gx_winkel_tripel_forward, gx_winkel_tripel_inverse,
      gx_horizon_world, nullptr, nullptr, nullptr, gx_winkel_tripel_constants},
     {43043, kOrva, kVersion, "Aitoff", gx_aitoff_forward, gx_aitoff_inverse, gx_horizon_world,
@@ -125,11 +148,16 @@ constexpr gx_projection_row rows[] = {
      gx_craster_parabolic_constants},
     {43047, kOrva, kVersion, "Gnomonic", gx_gnomonic_forward, gx_gnomonic_inverse, nullptr, nullptr,
      nullptr, nullptr, gx_gnomonic_constants},
+    {43147, kOrva, kVersion, "Gnomonic_Auxiliary_Sphere", gx_gnomonic_auxiliary_sphere_forward,
+     gx_gnomonic_auxiliary_sphere_inverse, nullptr, nullptr, nullptr, nullptr,
+     gx_gnomonic_auxiliary_sphere_constants},
     {43048, kOrva, kVersion, "Times", gx_times_forward, gx_times_inverse, gx_horizon_world, nullptr,
      nullptr, nullptr, gx_times_constants},
     {43049, kOrva, kVersion, "Vertical_Near_Side_Perspective",
      gx_vertical_near_side_perspective_forward, gx_vertical_near_side_perspective_inverse, nullptr,
      nullptr, nullptr, nullptr, gx_vertical_near_side_perspective_constants},
+    {43058, kOrva, kVersion, "Local", gx_local_forward, gx_local_inverse, nullptr, nullptr, nullptr,
+     nullptr, gx_local_constants},
     {43059, kOrva, kVersion, "Goode_Homolosine", gx_goode_homolosine_forward,
      gx_goode_homolosine_inverse, nullptr, nullptr, nullptr, nullptr,
      gx_goode_homolosine_constants},

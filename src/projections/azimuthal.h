@@ -13,8 +13,7 @@
 // Orthographic and Vertical_Near_Side_Perspective (perspective.cpp).
 #pragma once
 
-#include "geodesy/latitudes.h"
-#include "projections/contract.h"
+#include "projections/setup.h"
 
 // Where the centre of an azimuthal projection lies.
 enum gx_aspect { GX_ASPECT_NORTH, GX_ASPECT_SOUTH, GX_ASPECT_EQUATOR, GX_ASPECT_OBLIQUE };
@@ -31,12 +30,20 @@ inline bool gx_azimuthal_polar(gx_aspect aspect) {
   return aspect == GX_ASPECT_NORTH || aspect == GX_ASPECT_SOUTH;
 }
 
-// True for the sphere pair of a sphere: every ellipsoidal branch tests this.
-inline bool gx_on_sphere(const double* sphere) { return sphere[1] < GX_EPS; }
+// What a run of a projection centred at (Central_Meridian,
+// Latitude_Of_Origin) reads first: the centre, its aspect, and whether the
+// body is a sphere.
+struct gx_azimuthal_frame {
+  double lam0;
+  double phi0;
+  gx_aspect aspect;
+  bool sphere;
+};
 
-// Room kept for a kernel series table at the end of a constants array; every
-// table of the kernel fits in it.
-inline constexpr int GX_TABLE_SPACE = 18;
+inline gx_azimuthal_frame gx_azimuthal_frame_of(const double* sphere, const double* parms) {
+  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
+  return {parms[GX_PARM_CENTRAL_MERIDIAN], phi0, gx_azimuthal_aspect(phi0), gx_is_sphere(sphere)};
+}
 
 // A point of a polar aspect at distance r from the pole and longitude dlam
 // from the central meridian: the meridian below the north pole points down.
@@ -52,13 +59,9 @@ inline double gx_polar_dlam(bool north, double x, double y) {
 
 // The image of the origin under an inverse: the centre itself.
 inline void gx_azimuthal_centre(double* lp, double lam0, double phi0) {
-  lp[0] = gx_delta(lam0);
+  lp[0] = gx_delta_fast(lam0);
   lp[1] = phi0;
 }
-
-// A loader's last step: copies the `count` doubles of a set-up into the block.
-// Returns count, or 0 (nothing kept) for a count of 0 or no memory.
-int32_t gx_azimuthal_store(gx_constants* block, const double* values, int32_t count);
 
 // ---- the projections ------------------------------------------------------------
 
@@ -71,6 +74,16 @@ int32_t gx_azimuthal_store(gx_constants* block, const double* values, int32_t co
 // Declares gx_<p>_constants, of the form gx_constants_fn.
 #define GX_DECLARE_PROJECTION_LOADER(p) \
   int32_t gx_##p##_constants(gx_constants* block, const double* sphere, const double* parms)
+
+// The set-ups of the projections whose sphere layout an auxiliary sphere twin
+// stores (gx_setup_fn).
+void gx_stereographic_setup(const double* sphere, const double* parms, int mask, double* layout);
+void gx_lambert_azimuthal_equal_area_setup(const double* sphere, const double* parms, int mask,
+                                           double* layout);
+void gx_azimuthal_equidistant_setup(const double* sphere, const double* parms, int mask,
+                                    double* layout);
+// Gnomonic's and Orthographic's: the cosine and sine of the centre.
+void gx_gnomonic_setup(const double* sphere, const double* parms, int mask, double* layout);
 
 GX_DECLARE_PROJECTION_FUNCTIONS(stereographic);
 GX_DECLARE_PROJECTION_LOADER(stereographic);
@@ -90,3 +103,15 @@ GX_DECLARE_PROJECTION_LOADER(gnomonic);  // Orthographic's loader too
 GX_DECLARE_PROJECTION_FUNCTIONS(orthographic);
 GX_DECLARE_PROJECTION_FUNCTIONS(vertical_near_side_perspective);
 GX_DECLARE_PROJECTION_LOADER(vertical_near_side_perspective);
+
+// The auxiliary sphere twins (see auxiliary_sphere.h).
+GX_DECLARE_PROJECTION_FUNCTIONS(stereographic_auxiliary_sphere);
+GX_DECLARE_PROJECTION_LOADER(stereographic_auxiliary_sphere);
+GX_DECLARE_PROJECTION_FUNCTIONS(azimuthal_equidistant_auxiliary_sphere);
+GX_DECLARE_PROJECTION_LOADER(azimuthal_equidistant_auxiliary_sphere);
+GX_DECLARE_PROJECTION_FUNCTIONS(lambert_azimuthal_equal_area_auxiliary_sphere);
+GX_DECLARE_PROJECTION_LOADER(lambert_azimuthal_equal_area_auxiliary_sphere);
+GX_DECLARE_PROJECTION_FUNCTIONS(orthographic_auxiliary_sphere);
+GX_DECLARE_PROJECTION_LOADER(orthographic_auxiliary_sphere);
+GX_DECLARE_PROJECTION_FUNCTIONS(gnomonic_auxiliary_sphere);
+GX_DECLARE_PROJECTION_LOADER(gnomonic_auxiliary_sphere);

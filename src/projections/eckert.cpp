@@ -12,8 +12,6 @@ constexpr int kEckertViMaxCount = 50;
 
 double central_meridian(const double* parms) { return parms[GX_PARM_CENTRAL_MERIDIAN]; }
 
-double with_sign_of(double value, double sign) { return sign < 0.0 ? -value : value; }
-
 // Eckert IV's equation theta + sin theta cos theta + 2 sin theta = rhs.
 double eckert_iv_equation(double t, const void* context) {
   double s = std::sin(t);
@@ -62,7 +60,7 @@ int32_t gx_eckert_ii_forward(const double* sphere, double* parms, int32_t n, dou
     double dlam = gx_delta_fast(x - lam0), phi = y;
     double w = std::sqrt(4.0 - 3.0 * std::sin(std::fabs(phi)));
     x = w * dlam * a2 * 0.23032943298089034;
-    y = with_sign_of((2.0 - w) * ky, phi);
+    y = gx_with_sign_of((2.0 - w) * ky, phi);
   });
 }
 
@@ -72,7 +70,7 @@ int32_t gx_eckert_ii_inverse(const double* sphere, double* parms, int32_t n, dou
   double lam0 = central_meridian(parms);
   return gx_each_point(n, coords, [&](double& x, double& y) {
     double w = 2.0 - std::fabs(y) * r;
-    double phi = with_sign_of(std::asin(gx_clamp_unit((4.0 - w * w) * 0.3333333333333333)), y);
+    double phi = gx_with_sign_of(std::asin(gx_clamp_unit((4.0 - w * w) * 0.3333333333333333)), y);
     double dlam = x * 4.3416075273496055 / (w * a2);
     x = gx_delta_fast(dlam + lam0);
     y = phi;
@@ -112,7 +110,7 @@ int32_t gx_eckert_iv_forward(const double* sphere, double* parms, int32_t n, dou
   return gx_each_point(n, coords, [&](double& x, double& y) {
     double dlam = gx_delta_fast(x - lam0), phi = y;
     double rhs = std::sin(std::fabs(phi)) * 3.5707963267948966;
-    double theta = with_sign_of(gx_root_brent(&rhs, eckert_iv_equation), phi);
+    double theta = gx_with_sign_of(gx_root_brent(&rhs, eckert_iv_equation), phi);
     x = (std::cos(theta) + 1.0) * dlam * a * 0.4222382003157712;
     y = std::sin(theta) * a * 1.3265004281770023;
   });

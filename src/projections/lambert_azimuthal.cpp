@@ -12,54 +12,23 @@
 namespace {
 
 // Sphere: 2a, cos phi0, sin phi0.
-enum : int { kTwoA = 0, kCos0 = 1, kSin0 = 2, kSphereCount = 3 };
+constexpr int kTwoA = 0;
+constexpr int kCos0 = 1;
+constexpr int kSin0 = 2;
+constexpr int kSphereCount = 3;
 // Ellipsoid: 2 Rq, Rq, D with its square and the ratio a / Rq it is made
 // from, the authalic latitude beta0 of the centre with its cosine and sine,
 // then the authalic table.
-enum : int {
-  kTwoRq = 0,
-  kRq = 1,
-  kD = 2,
-  kD2 = 3,
-  kAOverRq = 4,
-  kBeta0 = 5,
-  kCosBeta0 = 6,
-  kSinBeta0 = 7,
-  kBetaTable = 8,
-  kEllipsoidCount = kBetaTable + GX_TABLE_SPACE
-};
-
-int32_t setup(const double* sphere, const double* parms, double* k, int mask) {
-  double a = sphere[0];
-  double e2 = sphere[1];
-  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
-  if (gx_on_sphere(sphere)) {
-    k[kTwoA] = 2.0 * a;
-    k[kCos0] = std::cos(phi0);
-    k[kSin0] = std::sin(phi0);
-    return kSphereCount;
-  }
-  double rq = gx_auth_r(a, e2);
-  gx_beta_series_init(e2, k + kBetaTable, mask);
-  double beta0 = gx_phi_to_beta_c(e2, phi0, k + kBetaTable);
-  k[kTwoRq] = 2.0 * rq;
-  k[kRq] = rq;
-  k[kD] = (std::cos(phi0) / gx_w(e2, phi0)) / std::cos(beta0) * a / rq;
-  k[kD2] = k[kD] * k[kD];
-  k[kAOverRq] = a / rq;
-  k[kBeta0] = beta0;
-  k[kCosBeta0] = std::cos(beta0);
-  k[kSinBeta0] = std::sin(beta0);
-  return kEllipsoidCount;
-}
-
-// The constants of a run: the block's, or the set-up's in `local`.
-const double* run_constants(const double* sphere, const double* parms, const double* doubles,
-                            double* local, int mask) {
-  if (doubles != nullptr) return doubles;
-  setup(sphere, parms, local, mask);
-  return local;
-}
+constexpr int kTwoRq = 0;
+constexpr int kRq = 1;
+constexpr int kD = 2;
+constexpr int kD2 = 3;
+constexpr int kAOverRq = 4;
+constexpr int kBeta0 = 5;
+constexpr int kCosBeta0 = 6;
+constexpr int kSinBeta0 = 7;
+constexpr int kBetaTable = 8;
+constexpr int kEllipsoidCount = kBetaTable + GX_TABLE_ROOM;
 
 // Distance from the pole on the map of a polar aspect, for the latitude (or
 // authalic latitude) phi and the diameter A2 of the (authalic) sphere.
@@ -159,22 +128,44 @@ void ellipsoid_inverse(const double* k, double rho, double* p) {
 
 }  // namespace
 
+void gx_lambert_azimuthal_equal_area_setup(const double* sphere, const double* parms, int mask,
+                                           double* k) {
+  double a = sphere[0];
+  double e2 = sphere[1];
+  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
+  if (gx_is_sphere(sphere)) {
+    k[kTwoA] = 2.0 * a;
+    k[kCos0] = std::cos(phi0);
+    k[kSin0] = std::sin(phi0);
+    return;
+  }
+  double rq = gx_auth_r(a, e2);
+  gx_beta_series_init(e2, k + kBetaTable, mask);
+  double beta0 = gx_phi_to_beta_c(e2, phi0, k + kBetaTable);
+  k[kTwoRq] = 2.0 * rq;
+  k[kRq] = rq;
+  k[kD] = (std::cos(phi0) / gx_w(e2, phi0)) / std::cos(beta0) * a / rq;
+  k[kD2] = k[kD] * k[kD];
+  k[kAOverRq] = a / rq;
+  k[kBeta0] = beta0;
+  k[kCosBeta0] = std::cos(beta0);
+  k[kSinBeta0] = std::sin(beta0);
+}
+
 int32_t gx_lambert_azimuthal_equal_area_forward(const double* sphere, double* parms, int32_t n,
                                                 double* coords, const int32_t* ints,
                                                 const double* doubles) {
   if (n < 1) return 0;
-  double local[kEllipsoidCount] = {};
-  const double* k = run_constants(sphere, parms, doubles, local, GX_SERIES_FORWARD);
-  gx_aspect aspect = gx_azimuthal_aspect(parms[GX_PARM_LATITUDE_OF_ORIGIN]);
-  double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  bool on_sphere = gx_on_sphere(sphere);
-  for (int32_t i = 0; i < n; ++i) {
-    double* p = coords + 2 * i;
-    double dlam = gx_delta(p[0] - lam0);
-    if (on_sphere) {
-      sphere_forward(aspect, sphere[0], k, dlam, p);
+  double local[kEllipsoidCount];
+  const double* k = gx_layout(doubles, local, gx_lambert_azimuthal_equal_area_setup, sphere, parms,
+                              GX_SERIES_FORWARD);
+  gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
+  for (double* p = coords; p < coords + 2 * n; p += 2) {
+    double dlam = gx_delta_fast(p[0] - f.lam0);
+    if (f.sphere) {
+      sphere_forward(f.aspect, sphere[0], k, dlam, p);
     } else {
-      ellipsoid_forward(aspect, sphere[1], k, dlam, p);
+      ellipsoid_forward(f.aspect, sphere[1], k, dlam, p);
     }
   }
   return n;
@@ -184,30 +175,24 @@ int32_t gx_lambert_azimuthal_equal_area_inverse(const double* sphere, double* pa
                                                 double* coords, const int32_t* ints,
                                                 const double* doubles) {
   if (n < 1) return 0;
-  double local[kEllipsoidCount] = {};
-  const double* k = run_constants(sphere, parms, doubles, local, GX_SERIES_BOTH);
-  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
-  gx_aspect aspect = gx_azimuthal_aspect(phi0);
-  double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  bool on_sphere = gx_on_sphere(sphere);
-  bool polar = gx_azimuthal_polar(aspect);
-  for (int32_t i = 0; i < n; ++i) {
-    double* p = coords + 2 * i;
-    if (on_sphere) {
-      double rho = gx_hypot(p[0], p[1]);
-      if (gx_eq(rho, 0.0)) {
-        gx_azimuthal_centre(p, lam0, phi0);
-        continue;
-      }
-      sphere_inverse(aspect, sphere[0], k, rho, p);
+  double local[kEllipsoidCount];
+  // Both halves: the centre's authalic latitude is a forward one.
+  const double* k = gx_layout(doubles, local, gx_lambert_azimuthal_equal_area_setup, sphere, parms,
+                              GX_SERIES_BOTH);
+  gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
+  bool polar = gx_azimuthal_polar(f.aspect);
+  for (double* p = coords; p < coords + 2 * n; p += 2) {
+    // On the ellipsoid off the poles rho is measured in the plane stretched by D.
+    double rho = f.sphere || polar ? gx_hypot(p[0], p[1]) : gx_hypot(p[0] / k[kD], p[1] * k[kD]);
+    if (gx_eq(rho, 0.0)) {
+      gx_azimuthal_centre(p, f.lam0, f.phi0);
+      continue;
+    }
+    if (f.sphere) {
+      sphere_inverse(f.aspect, sphere[0], k, rho, p);
     } else {
-      double rho = polar ? gx_hypot(p[0], p[1]) : gx_hypot(p[0] / k[kD], p[1] * k[kD]);
-      if (gx_eq(rho, 0.0)) {
-        gx_azimuthal_centre(p, lam0, phi0);
-        continue;
-      }
       if (polar) {
-        bool north = aspect == GX_ASPECT_NORTH;
+        bool north = f.aspect == GX_ASPECT_NORTH;
         double beta = polar_latitude(north, rho, k[kRq]);
         p[0] = gx_polar_dlam(north, p[0], p[1]);
         p[1] = beta;
@@ -216,13 +201,13 @@ int32_t gx_lambert_azimuthal_equal_area_inverse(const double* sphere, double* pa
       }
       p[1] = gx_beta_to_phi_c(sphere[1], p[1], k + kBetaTable);
     }
-    p[0] = gx_delta(p[0] + lam0);
+    p[0] = gx_delta_fast(p[0] + f.lam0);
   }
   return n;
 }
 
 int32_t gx_lambert_azimuthal_equal_area_constants(gx_constants* block, const double* sphere,
                                                   const double* parms) {
-  double local[kEllipsoidCount] = {};
-  return gx_azimuthal_store(block, local, setup(sphere, parms, local, GX_SERIES_ALL));
+  int32_t count = gx_is_sphere(sphere) ? kSphereCount : kEllipsoidCount;
+  return gx_layout_load(block, count, gx_lambert_azimuthal_equal_area_setup, sphere, parms);
 }

@@ -14,14 +14,9 @@ namespace {
 // ---- Gnomonic and Orthographic -----------------------------------------------------
 
 // cos phic, sin phic: all that either keeps.
-enum : int { kCosC = 0, kSinC = 1, kCentreCount = 2 };
-
-int32_t centre_setup(const double* parms, double* k) {
-  double phic = parms[GX_PARM_LATITUDE_OF_CENTER];
-  k[kCosC] = std::cos(phic);
-  k[kSinC] = std::sin(phic);
-  return kCentreCount;
-}
+constexpr int kCosC = 0;
+constexpr int kSinC = 1;
+constexpr int kCentreCount = 2;
 
 // What a run of these projections reads: the centre with its cosine and
 // sine (from the constants, or the set-up), and the radius.
@@ -42,11 +37,7 @@ struct centre_run {
 
 centre_run centre_constants(const double* sphere, const double* parms, const double* doubles) {
   double local[kCentreCount];
-  const double* k = doubles;
-  if (k == nullptr) {
-    centre_setup(parms, local);
-    k = local;
-  }
+  const double* k = gx_layout(doubles, local, gx_gnomonic_setup, sphere, parms, GX_SERIES_ALL);
   return centre_run(sphere, parms, k[kCosC], k[kSinC]);
 }
 
@@ -84,12 +75,12 @@ void from_distance(const centre_run& r, double sce, double cce, double rho, doub
   } else {
     dlam = std::atan2(sce * x, cce * rho * r.cos_c - sce * y * r.sin_c);
   }
-  p[0] = gx_delta(dlam + r.lam0);
+  p[0] = gx_delta_fast(dlam + r.lam0);
 }
 
 // The centre itself: counted, as a converted point.
 void to_centre(const centre_run& r, double* p) {
-  p[0] = gx_delta(0.0 + r.lam0);
+  p[0] = gx_delta_fast(0.0 + r.lam0);
   p[1] = r.phic;
 }
 
@@ -97,22 +88,25 @@ void to_centre(const centre_run& r, double* p) {
 
 // Sphere: P (the distance of the viewpoint from the globe's centre in radii),
 // 1 / P, cos phic, sin phic, and the radius of the horizon on the map.
-enum : int { kP = 0, kInvP = 1, kPCos = 2, kPSin = 3, kHorizon = 4, kSphereCount = 5 };
+constexpr int kP = 0;
+constexpr int kInvP = 1;
+constexpr int kPCos = 2;
+constexpr int kPSin = 3;
+constexpr int kHorizon = 4;
+constexpr int kSphereCount = 5;
 
 // Ellipsoid: P, 1 / P, cos phic, sin phic, then P cos(tdiff) and P sin(tdiff)
 // with tdiff the angle between the normal at the centre and the direction of
 // the viewpoint, the coefficients L, G, J and A of the inverse's quadratic,
 // and 1 - e2.
-enum : int {
-  kPCosT = 4,
-  kPSinT = 5,
-  kL = 6,
-  kG = 7,
-  kJ = 8,
-  kA = 9,
-  kOneMinusE2 = 10,
-  kEllipsoidCount = 11
-};
+constexpr int kPCosT = 4;
+constexpr int kPSinT = 5;
+constexpr int kL = 6;
+constexpr int kG = 7;
+constexpr int kJ = 8;
+constexpr int kA = 9;
+constexpr int kOneMinusE2 = 10;
+constexpr int kEllipsoidCount = 11;
 
 // The viewpoint's geocentric latitude settles to this; a safety cap stops a
 // pathological input.
@@ -143,21 +137,20 @@ void viewpoint(double a, double e2, double phic, double h, double* phig_out, dou
   }
 }
 
-// Fills k; 0 for a refused height.
-int32_t perspective_setup(const double* sphere, const double* parms, double* k) {
+// Fills k for a height that the run accepts.
+void perspective_setup(const double* sphere, const double* parms, int mask, double* k) {
   double a = sphere[0];
   double e2 = sphere[1];
   double phic = parms[GX_PARM_LATITUDE_OF_CENTER];
   double h = parms[GX_PARM_HEIGHT];
-  if (refused_height(h)) return 0;
   k[kPCos] = std::cos(phic);
   k[kPSin] = std::sin(phic);
-  if (gx_on_sphere(sphere)) {
+  if (gx_is_sphere(sphere)) {
     double P = h / a + 1.0;
     k[kP] = P;
     k[kInvP] = 1.0 / P;
     k[kHorizon] = a * std::sqrt((P - 1.0) / (P + 1.0));
-    return kSphereCount;
+    return;
   }
   double phig;
   double P;
@@ -175,16 +168,13 @@ int32_t perspective_setup(const double* sphere, const double* parms, double* k) 
   k[kJ] = 2.0 * sin_c * cos_c * e2;
   k[kA] = (1.0 - cos_g * cos_g * e2) * P * P - (1.0 - e2);
   k[kOneMinusE2] = 1.0 - e2;
-  return kEllipsoidCount;
 }
 
 // Constants of a perspective run; null when the height refuses the run.
 const double* perspective_constants(const double* sphere, const double* parms,
                                     const double* doubles, double* local) {
   if (refused_height(parms[GX_PARM_HEIGHT])) return nullptr;
-  if (doubles != nullptr) return doubles;
-  perspective_setup(sphere, parms, local);
-  return local;
+  return gx_layout(doubles, local, perspective_setup, sphere, parms, GX_SERIES_ALL);
 }
 
 // One point forward; false when it lies beyond the horizon.  Visibility is
@@ -240,7 +230,7 @@ bool perspective_ellipsoid_inverse(const centre_run& r, const double* k, double 
   double W = dp * r.cos_c + bp * r.sin_c;
   double V = bp * r.cos_c - dp * r.sin_c;
   double phi = std::atan(W / std::sqrt((one_minus_e2 - W * W) * one_minus_e2));
-  double lam = gx_delta(std::atan2(t * x * r.a, V * r.a) + r.lam0);
+  double lam = gx_delta_fast(std::atan2(t * x * r.a, V * r.a) + r.lam0);
   if (std::isnan(phi) || std::isnan(lam)) return false;
   p[0] = lam;
   p[1] = phi;
@@ -258,7 +248,7 @@ int32_t gx_gnomonic_forward(const double* sphere, double* parms, int32_t n, doub
   int32_t count = 0;
   for (int32_t i = 0; i < n; ++i) {
     double* p = coords + 2 * i;
-    view v = look(r, gx_delta(p[0] - r.lam0), p[1]);
+    view v = look(r, gx_delta_fast(p[0] - r.lam0), p[1]);
     if (!(v.cc > 0.0 && std::fabs(v.cc) > GX_EPS)) {
       gx_point_nan(p);
       continue;
@@ -294,16 +284,21 @@ int32_t gx_gnomonic_inverse(const double* sphere, double* parms, int32_t n, doub
     }
     double sce = std::sin(ce);
     p[1] = std::asin(sce * y / rho * r.cos_c + cce * r.sin_c);
-    p[0] = gx_delta(std::atan2(sce * x, cce * rho * r.cos_c - sce * y * r.sin_c) + r.lam0);
+    p[0] = gx_delta_fast(std::atan2(sce * x, cce * rho * r.cos_c - sce * y * r.sin_c) + r.lam0);
     ++count;
   }
   return count;
 }
 
+void gx_gnomonic_setup(const double* sphere, const double* parms, int mask, double* k) {
+  double phic = parms[GX_PARM_LATITUDE_OF_CENTER];
+  k[kCosC] = std::cos(phic);
+  k[kSinC] = std::sin(phic);
+}
+
 // Shared by Gnomonic and Orthographic.
 int32_t gx_gnomonic_constants(gx_constants* block, const double* sphere, const double* parms) {
-  double local[kCentreCount];
-  return gx_azimuthal_store(block, local, centre_setup(parms, local));
+  return gx_layout_load(block, kCentreCount, gx_gnomonic_setup, sphere, parms);
 }
 
 // ---- Orthographic ----------------------------------------------------------------
@@ -315,7 +310,7 @@ int32_t gx_orthographic_forward(const double* sphere, double* parms, int32_t n, 
   int32_t count = 0;
   for (int32_t i = 0; i < n; ++i) {
     double* p = coords + 2 * i;
-    view v = look(r, gx_delta(p[0] - r.lam0), p[1]);
+    view v = look(r, gx_delta_fast(p[0] - r.lam0), p[1]);
     if (!(v.cc >= 0.0)) {
       gx_point_nan(p);
       continue;
@@ -366,7 +361,7 @@ int32_t gx_vertical_near_side_perspective_forward(const double* sphere, double* 
   int32_t count = 0;
   for (int32_t i = 0; i < n; ++i) {
     double* p = coords + 2 * i;
-    if (perspective_point(r, e2, k, h, gx_delta(p[0] - r.lam0), p)) {
+    if (perspective_point(r, e2, k, h, gx_delta_fast(p[0] - r.lam0), p)) {
       ++count;
     } else {
       gx_point_nan(p);
@@ -384,7 +379,7 @@ int32_t gx_vertical_near_side_perspective_inverse(const double* sphere, double* 
   if (k == nullptr) return 0;
   centre_run r(sphere, parms, k[kPCos], k[kPSin]);
   double h = parms[GX_PARM_HEIGHT];
-  bool on_sphere = gx_on_sphere(sphere);
+  bool on_sphere = gx_is_sphere(sphere);
   int32_t count = 0;
   for (int32_t i = 0; i < n; ++i) {
     double* p = coords + 2 * i;
@@ -408,6 +403,7 @@ int32_t gx_vertical_near_side_perspective_inverse(const double* sphere, double* 
 
 int32_t gx_vertical_near_side_perspective_constants(gx_constants* block, const double* sphere,
                                                     const double* parms) {
-  double local[kEllipsoidCount];
-  return gx_azimuthal_store(block, local, perspective_setup(sphere, parms, local));
+  int32_t count = gx_is_sphere(sphere) ? kSphereCount : kEllipsoidCount;
+  if (refused_height(parms[GX_PARM_HEIGHT])) count = 0;
+  return gx_layout_load(block, count, perspective_setup, sphere, parms);
 }

@@ -56,8 +56,6 @@ void telmar_setup(const double* sphere, const double*, int, double* k) {
   setup_factors(sphere[0], k);
 }
 
-double with_sign_of(double value, double sign) { return sign < 0.0 ? -value : value; }
-
 // The parabola through rows i - 2, i - 1 and i, at v.
 double parabola(const double* t, const double* f, int i, double v) {
   double p = (v - t[i - 1]) / (t[i] - t[i - 1]);
@@ -89,7 +87,7 @@ int32_t table_forward(const double* k, const double* x_table, double lam0, int32
   return gx_each_point(n, coords, [&](double& x, double& y) {
     double dlam = gx_delta_fast(x - lam0), phi = y, v = std::fabs(phi);
     x = dlam * interpolate(x_table, v) * k[kFactorX];
-    y = with_sign_of(interpolate(kY, v) * k[kFactorY], phi);
+    y = gx_with_sign_of(interpolate(kY, v) * k[kFactorY], phi);
   });
 }
 
@@ -113,7 +111,7 @@ int32_t table_inverse(const double* k, const double* x_table, double lam0, int32
     double dlam = x / (interpolate(x_table, p) * k[kFactorX]);
     if (!gx_within_limit(dlam, GX_PI)) return false;
     x = gx_delta_fast(dlam + lam0);
-    y = with_sign_of(p, y);
+    y = gx_with_sign_of(p, y);
     return true;
   });
 }

@@ -15,50 +15,25 @@ namespace {
 // ---- Stereographic: constants ---------------------------------------------------
 
 // Sphere: A2 = 2 k0 a, sin phi0, cos phi0.
-enum : int { kA2 = 0, kSin0 = 1, kCos0 = 2, kSphereCount = 3 };
+constexpr int kA2 = 0;
+constexpr int kSin0 = 1;
+constexpr int kCos0 = 2;
+constexpr int kSphereCount = 3;
 // Ellipsoid: A2, e, m0 = cos phi0 / w(phi0), Q, the conformal latitude chi0
 // of the centre with its sine and cosine, then the conformal table.
-enum : int {
-  kE = 1,
-  kM0 = 2,
-  kQ = 3,
-  kChi0 = 4,
-  kSinChi0 = 5,
-  kCosChi0 = 6,
-  kChiTable = 7,
-  kEllipsoidCount = kChiTable + GX_TABLE_SPACE
-};
+constexpr int kE = 1;
+constexpr int kM0 = 2;
+constexpr int kQ = 3;
+constexpr int kChi0 = 4;
+constexpr int kSinChi0 = 5;
+constexpr int kCosChi0 = 6;
+constexpr int kChiTable = 7;
+constexpr int kEllipsoidCount = kChiTable + GX_TABLE_ROOM;
 
 // Q = sqrt((1 - e)^(1 - e) (1 + e)^(1 + e)): the ratio of the polar
 // stereographic of the ellipsoid to that of its conformal sphere at the pole.
 double polar_ratio(double e) {
   return std::sqrt(std::pow(1.0 - e, 1.0 - e) * std::pow(1.0 + e, 1.0 + e));
-}
-
-// Fills k for the sphere pair and the parameter vector; the series table
-// with `mask`.  Returns the count of doubles.
-int32_t stereographic_setup(const double* sphere, const double* parms, double* k, int mask) {
-  double a = sphere[0];
-  double e2 = sphere[1];
-  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
-  k[kA2] = 2.0 * parms[GX_PARM_SCALE_FACTOR] * a;
-  if (gx_on_sphere(sphere)) {
-    k[kSin0] = std::sin(phi0);
-    k[kCos0] = std::cos(phi0);
-    return kSphereCount;
-  }
-  double e = std::sqrt(e2);
-  k[kE] = e;
-  k[kM0] = std::cos(phi0) / gx_w(e2, phi0);
-  k[kQ] = polar_ratio(e);
-  gx_chi_series_init(e2, k + kChiTable, mask);
-  // The plain form gives the table form's bits, and it also serves the
-  // inverse, whose table holds only the series towards phi.
-  double chi0 = gx_phi_to_chi(e2, phi0);
-  k[kChi0] = chi0;
-  k[kSinChi0] = std::sin(chi0);
-  k[kCosChi0] = std::cos(chi0);
-  return kEllipsoidCount;
 }
 
 // ---- the polar rows, shared with the polar forms -----------------------------------
@@ -77,7 +52,7 @@ struct polar_rows {
 void polar_forward(const polar_rows& f, int32_t n, double* coords) {
   for (int32_t i = 0; i < n; ++i) {
     double* p = coords + 2 * i;
-    double dlam = gx_delta(p[0] - f.lam0);
+    double dlam = gx_delta_fast(p[0] - f.lam0);
     double r;
     if (f.sphere) {
       double phi = p[1];
@@ -109,7 +84,7 @@ double polar_latitude(const polar_rows& f, double rho, bool mirrored) {
 // ---- Stereographic: per point ------------------------------------------------
 
 void sphere_forward(gx_aspect aspect, const double* k, double lam0, double* p) {
-  double dlam = gx_delta(p[0] - lam0);
+  double dlam = gx_delta_fast(p[0] - lam0);
   double s = std::sin(p[1]);
   double c = std::cos(p[1]);
   double sd = std::sin(dlam);
@@ -126,7 +101,7 @@ void sphere_forward(gx_aspect aspect, const double* k, double lam0, double* p) {
 }
 
 void ellipsoid_forward(gx_aspect aspect, double e2, const double* k, double lam0, double* p) {
-  double dlam = gx_delta(p[0] - lam0);
+  double dlam = gx_delta_fast(p[0] - lam0);
   double chi = gx_phi_to_chi_c(e2, p[1], k + kChiTable);
   double sc = std::sin(chi);
   double cc = std::cos(chi);
@@ -180,7 +155,7 @@ void ellipsoid_inverse(gx_aspect aspect, const double* k, double rho, double* p)
 
 polar_rows stereographic_polar(gx_aspect aspect, const double* sphere, const double* parms,
                                const double* k) {
-  bool on_sphere = gx_on_sphere(sphere);
+  bool on_sphere = gx_is_sphere(sphere);
   if (on_sphere)
     return {aspect == GX_ASPECT_NORTH,      true, 0.0, k[kA2], 0.0, nullptr,
             parms[GX_PARM_CENTRAL_MERIDIAN]};
@@ -191,13 +166,15 @@ polar_rows stereographic_polar(gx_aspect aspect, const double* sphere, const dou
 // ---- the polar forms -------------------------------------------------------------
 
 // Sphere: A2.  Ellipsoid: A2, Q, then the conformal table.
-enum : int { kPolarA2 = 0, kPolarQ = 1, kPolarTable = 2 };
+constexpr int kPolarA2 = 0;
+constexpr int kPolarQ = 1;
+constexpr int kPolarTable = 2;
 constexpr int32_t kPolarSphereCount = 1;
-constexpr int32_t kPolarEllipsoidCount = kPolarTable + GX_TABLE_SPACE;
+constexpr int32_t kPolarEllipsoidCount = kPolarTable + GX_TABLE_ROOM;
 
 // The scale at the pole that gives true scale on the parallel phi1.
 double polar_scale(bool north, const double* sphere, double phi1, double q) {
-  if (gx_on_sphere(sphere)) {
+  if (gx_is_sphere(sphere)) {
     return north ? (std::cos(-(GX_HALFPI - phi1)) + 1.0) * 0.5
                  : (std::cos(-(-GX_HALFPI - phi1)) + 1.0) * 0.5;
   }
@@ -210,22 +187,31 @@ double polar_scale(bool north, const double* sphere, double phi1, double q) {
   return side * std::sqrt(std::pow(ratio, e) / (1.0 - s * s * e2)) * q * 0.5;
 }
 
-int32_t polar_setup(bool north, const double* sphere, const double* parms, double* k, int mask) {
+void polar_setup(bool north, const double* sphere, const double* parms, int mask, double* k) {
   double a = sphere[0];
   double phi1 = parms[GX_PARM_STANDARD_PARALLEL_1];
-  if (gx_on_sphere(sphere)) {
+  if (gx_is_sphere(sphere)) {
     k[kPolarA2] = 2.0 * polar_scale(north, sphere, phi1, 0.0) * a;
-    return kPolarSphereCount;
+    return;
   }
   double q = polar_ratio(std::sqrt(sphere[1]));
   k[kPolarA2] = 2.0 * polar_scale(north, sphere, phi1, q) * a;
   k[kPolarQ] = q;
   gx_chi_series_init(sphere[1], k + kPolarTable, mask);
-  return kPolarEllipsoidCount;
 }
 
+void north_setup(const double* sphere, const double* parms, int mask, double* k) {
+  polar_setup(true, sphere, parms, mask, k);
+}
+
+void south_setup(const double* sphere, const double* parms, int mask, double* k) {
+  polar_setup(false, sphere, parms, mask, k);
+}
+
+gx_setup_fn polar_setup_of(bool north) { return north ? north_setup : south_setup; }
+
 polar_rows polar_form(bool north, const double* sphere, const double* parms, const double* k) {
-  bool on_sphere = gx_on_sphere(sphere);
+  bool on_sphere = gx_is_sphere(sphere);
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   if (on_sphere) return {north, true, 0.0, k[kPolarA2], 0.0, nullptr, lam0};
   return {north, false, sphere[1], k[kPolarA2], k[kPolarQ], k + kPolarTable, lam0};
@@ -234,12 +220,9 @@ polar_rows polar_form(bool north, const double* sphere, const double* parms, con
 int32_t polar_form_forward(bool north, const double* sphere, const double* parms, int32_t n,
                            double* coords, const double* doubles) {
   if (n < 1) return 0;
-  double local[kPolarEllipsoidCount] = {};
-  const double* k = doubles;
-  if (k == nullptr) {
-    polar_setup(north, sphere, parms, local, GX_SERIES_FORWARD);
-    k = local;
-  }
+  double local[kPolarEllipsoidCount];
+  const double* k =
+      gx_layout(doubles, local, polar_setup_of(north), sphere, parms, GX_SERIES_FORWARD);
   polar_forward(polar_form(north, sphere, parms, k), n, coords);
   return n;
 }
@@ -248,18 +231,15 @@ int32_t polar_form_forward(bool north, const double* sphere, const double* parms
 int32_t polar_form_inverse(bool north, const double* sphere, const double* parms, int32_t n,
                            double* coords, const double* doubles) {
   if (n < 1) return 0;
-  double local[kPolarEllipsoidCount] = {};
-  const double* k = doubles;
-  if (k == nullptr) {
-    polar_setup(north, sphere, parms, local, GX_SERIES_INVERSE);
-    k = local;
-  }
+  double local[kPolarEllipsoidCount];
+  const double* k =
+      gx_layout(doubles, local, polar_setup_of(north), sphere, parms, GX_SERIES_INVERSE);
   polar_rows f = polar_form(north, sphere, parms, k);
   for (int32_t i = 0; i < n; ++i) {
     double* p = coords + 2 * i;
     double rho = gx_hypot(p[0], p[1]);
     double phi = polar_latitude(f, rho, true);
-    p[0] = gx_delta(gx_polar_dlam(north, p[0], p[1]) + f.lam0);
+    p[0] = gx_delta_fast(gx_polar_dlam(north, p[0], p[1]) + f.lam0);
     p[1] = phi;
   }
   return n;
@@ -267,8 +247,8 @@ int32_t polar_form_inverse(bool north, const double* sphere, const double* parms
 
 int32_t polar_form_constants(bool north, gx_constants* block, const double* sphere,
                              const double* parms) {
-  double local[kPolarEllipsoidCount] = {};
-  return gx_azimuthal_store(block, local, polar_setup(north, sphere, parms, local, GX_SERIES_ALL));
+  int32_t count = gx_is_sphere(sphere) ? kPolarSphereCount : kPolarEllipsoidCount;
+  return gx_layout_load(block, count, polar_setup_of(north), sphere, parms);
 }
 
 // ---- Double_Stereographic -------------------------------------------------------
@@ -276,17 +256,15 @@ int32_t polar_form_constants(bool north, gx_constants* block, const double* sphe
 // Ellipsoid only.  First the constants of Stereographic on the Gaussian
 // sphere (A2 = 2 k0 R, sin chi0, cos chi0), then R, e, chi0, B, c, the
 // longitude limit Lm and 1 / B.
-enum : int {
-  kGaussStereo = 0,
-  kGaussR = kSphereCount,
-  kGaussE,
-  kGaussChi0,
-  kGaussB,
-  kGaussC,
-  kGaussLm,
-  kGaussInvB,
-  kGaussCount
-};
+constexpr int kGaussStereo = 0;
+constexpr int kGaussR = kSphereCount;
+constexpr int kGaussE = kGaussR + 1;
+constexpr int kGaussChi0 = kGaussE + 1;
+constexpr int kGaussB = kGaussChi0 + 1;
+constexpr int kGaussC = kGaussB + 1;
+constexpr int kGaussLm = kGaussC + 1;
+constexpr int kGaussInvB = kGaussLm + 1;
+constexpr int kGaussCount = kGaussInvB + 1;
 
 // ((1 - e s) / (1 + e s))^(e / 2): the ellipsoid's factor in the isometric latitude.
 double isometric_factor(double e, double s) {
@@ -301,8 +279,7 @@ void gaussian_parms(const double* parms, double chi0, double* local) {
   local[GX_PARM_LATITUDE_OF_ORIGIN] = chi0;
 }
 
-int32_t double_setup(const double* sphere, const double* parms, double* k) {
-  if (gx_on_sphere(sphere)) return 0;
+void double_setup(const double* sphere, const double* parms, int mask, double* k) {
   double a = sphere[0];
   double e2 = sphere[1];
   double e = std::sqrt(e2);
@@ -328,7 +305,7 @@ int32_t double_setup(const double* sphere, const double* parms, double* k) {
   double gauss_sphere[2] = {R, 0.0};
   double gauss[GX_PARM_COUNT];
   gaussian_parms(parms, chi0, gauss);
-  stereographic_setup(gauss_sphere, gauss, k + kGaussStereo, GX_SERIES_ALL);
+  gx_stereographic_setup(gauss_sphere, gauss, mask, k + kGaussStereo);
   k[kGaussR] = R;
   k[kGaussE] = e;
   k[kGaussChi0] = chi0;
@@ -336,7 +313,6 @@ int32_t double_setup(const double* sphere, const double* parms, double* k) {
   k[kGaussC] = c;
   k[kGaussLm] = GX_PI - (GX_PI - GX_PI / B) * 2.0;
   k[kGaussInvB] = 1.0 / B;
-  return kGaussCount;
 }
 
 // Geodetic to Gaussian-sphere coordinates: (L B, chi), with a longitude
@@ -353,7 +329,7 @@ void to_gaussian(const double* k, double lam0, double* p) {
     double b = isometric_factor(e, std::sin(phi)) * std::tan(phi / 2.0 + GX_QUARTERPI);
     chi = 2.0 * std::atan(std::pow(b, k[kGaussB]) * k[kGaussC]) - GX_HALFPI;
   }
-  double L = gx_delta(p[0] - lam0);
+  double L = gx_delta_fast(p[0] - lam0);
   double lm = k[kGaussLm];
   if (std::fabs(L) > lm) L = L - std::copysign(1.0, L) * (std::fabs(L) - lm) * 0.5;
   p[0] = L * k[kGaussB];
@@ -392,7 +368,7 @@ void from_gaussian(const double* k, double e2, double lam0, double* p) {
   double lm = k[kGaussLm];
   if (std::fabs(L) > lm) L = L + std::copysign(1.0, L) * (std::fabs(L) - lm) * 0.5;
   p[1] = from_gaussian_latitude(k, e2, p[1]);
-  p[0] = gx_delta(L + lam0);
+  p[0] = gx_delta_fast(L + lam0);
 }
 
 // A run on the Gaussian sphere: the constants (the block's or the set-up's),
@@ -405,7 +381,7 @@ struct gaussian_run {
 
   gaussian_run(const double* ellipsoid, const double* given, const double* doubles) : k(doubles) {
     if (k == nullptr) {
-      double_setup(ellipsoid, given, local);
+      double_setup(ellipsoid, given, GX_SERIES_ALL, local);
       k = local;
     }
     sphere[0] = k[kGaussR];
@@ -418,25 +394,43 @@ struct gaussian_run {
 
 // ---- Stereographic ------------------------------------------------------------------
 
+void gx_stereographic_setup(const double* sphere, const double* parms, int mask, double* k) {
+  double a = sphere[0];
+  double e2 = sphere[1];
+  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
+  k[kA2] = 2.0 * parms[GX_PARM_SCALE_FACTOR] * a;
+  if (gx_is_sphere(sphere)) {
+    k[kSin0] = std::sin(phi0);
+    k[kCos0] = std::cos(phi0);
+    return;
+  }
+  double e = std::sqrt(e2);
+  k[kE] = e;
+  k[kM0] = std::cos(phi0) / gx_w(e2, phi0);
+  k[kQ] = polar_ratio(e);
+  gx_chi_series_init(e2, k + kChiTable, mask);
+  // The plain form gives the table form's bits, and it also serves the
+  // inverse, whose table holds only the series towards phi.
+  double chi0 = gx_phi_to_chi(e2, phi0);
+  k[kChi0] = chi0;
+  k[kSinChi0] = std::sin(chi0);
+  k[kCosChi0] = std::cos(chi0);
+}
+
 int32_t gx_stereographic_forward(const double* sphere, double* parms, int32_t n, double* coords,
                                  const int32_t* ints, const double* doubles) {
   if (n < 1) return 0;
-  double local[kEllipsoidCount] = {};
-  const double* k = doubles;
-  if (k == nullptr) {
-    stereographic_setup(sphere, parms, local, GX_SERIES_FORWARD);
-    k = local;
-  }
-  gx_aspect aspect = gx_azimuthal_aspect(parms[GX_PARM_LATITUDE_OF_ORIGIN]);
-  if (gx_azimuthal_polar(aspect)) {
-    polar_forward(stereographic_polar(aspect, sphere, parms, k), n, coords);
-    return n;
-  }
-  double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  if (gx_on_sphere(sphere)) {
-    for (int32_t i = 0; i < n; ++i) sphere_forward(aspect, k, lam0, coords + 2 * i);
+  double local[kEllipsoidCount];
+  const double* k =
+      gx_layout(doubles, local, gx_stereographic_setup, sphere, parms, GX_SERIES_FORWARD);
+  gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
+  if (gx_azimuthal_polar(f.aspect)) {
+    polar_forward(stereographic_polar(f.aspect, sphere, parms, k), n, coords);
+  } else if (f.sphere) {
+    for (double* p = coords; p < coords + 2 * n; p += 2) sphere_forward(f.aspect, k, f.lam0, p);
   } else {
-    for (int32_t i = 0; i < n; ++i) ellipsoid_forward(aspect, sphere[1], k, lam0, coords + 2 * i);
+    for (double* p = coords; p < coords + 2 * n; p += 2)
+      ellipsoid_forward(f.aspect, sphere[1], k, f.lam0, p);
   }
   return n;
 }
@@ -444,42 +438,35 @@ int32_t gx_stereographic_forward(const double* sphere, double* parms, int32_t n,
 int32_t gx_stereographic_inverse(const double* sphere, double* parms, int32_t n, double* coords,
                                  const int32_t* ints, const double* doubles) {
   if (n < 1) return 0;
-  double local[kEllipsoidCount] = {};
-  const double* k = doubles;
-  if (k == nullptr) {
-    stereographic_setup(sphere, parms, local, GX_SERIES_INVERSE);
-    k = local;
-  }
-  double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  double phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
-  gx_aspect aspect = gx_azimuthal_aspect(phi0);
-  bool on_sphere = gx_on_sphere(sphere);
-  polar_rows polar = stereographic_polar(aspect, sphere, parms, k);
-  for (int32_t i = 0; i < n; ++i) {
-    double* p = coords + 2 * i;
+  double local[kEllipsoidCount];
+  const double* k =
+      gx_layout(doubles, local, gx_stereographic_setup, sphere, parms, GX_SERIES_INVERSE);
+  gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
+  polar_rows polar = stereographic_polar(f.aspect, sphere, parms, k);
+  for (double* p = coords; p < coords + 2 * n; p += 2) {
     double rho = gx_hypot(p[0], p[1]);
     if (gx_eq(rho, 0.0)) {
-      gx_azimuthal_centre(p, lam0, phi0);
+      gx_azimuthal_centre(p, f.lam0, f.phi0);
       continue;
     }
-    if (gx_azimuthal_polar(aspect)) {
+    if (gx_azimuthal_polar(f.aspect)) {
       double phi = polar_latitude(polar, rho, false);
       p[0] = gx_polar_dlam(polar.north, p[0], p[1]);
       p[1] = phi;
-    } else if (on_sphere) {
-      sphere_inverse(aspect, k, rho, p);
+    } else if (f.sphere) {
+      sphere_inverse(f.aspect, k, rho, p);
     } else {
-      ellipsoid_inverse(aspect, k, rho, p);
+      ellipsoid_inverse(f.aspect, k, rho, p);
       p[1] = gx_chi_to_phi_c(sphere[1], p[1], k + kChiTable);
     }
-    p[0] = gx_delta(p[0] + lam0);
+    p[0] = gx_delta_fast(p[0] + f.lam0);
   }
   return n;
 }
 
 int32_t gx_stereographic_constants(gx_constants* block, const double* sphere, const double* parms) {
-  double local[kEllipsoidCount] = {};
-  return gx_azimuthal_store(block, local, stereographic_setup(sphere, parms, local, GX_SERIES_ALL));
+  int32_t count = gx_is_sphere(sphere) ? kSphereCount : kEllipsoidCount;
+  return gx_layout_load(block, count, gx_stereographic_setup, sphere, parms);
 }
 
 // ---- Stereographic_North_Pole and Stereographic_South_Pole ------------------------------
@@ -509,7 +496,7 @@ GX_STEREOGRAPHIC_POLAR_FORM(south_pole, false)
 int32_t gx_double_stereographic_forward(const double* sphere, double* parms, int32_t n,
                                         double* coords, const int32_t* ints,
                                         const double* doubles) {
-  if (gx_on_sphere(sphere))
+  if (gx_is_sphere(sphere))
     return gx_stereographic_forward(sphere, parms, n, coords, ints, doubles);
   if (n < 1) return 0;
   gaussian_run run(sphere, parms, doubles);
@@ -521,7 +508,7 @@ int32_t gx_double_stereographic_forward(const double* sphere, double* parms, int
 int32_t gx_double_stereographic_inverse(const double* sphere, double* parms, int32_t n,
                                         double* coords, const int32_t* ints,
                                         const double* doubles) {
-  if (gx_on_sphere(sphere))
+  if (gx_is_sphere(sphere))
     return gx_stereographic_inverse(sphere, parms, n, coords, ints, doubles);
   if (n < 1) return 0;
   gaussian_run run(sphere, parms, doubles);
@@ -533,6 +520,6 @@ int32_t gx_double_stereographic_inverse(const double* sphere, double* parms, int
 
 int32_t gx_double_stereographic_constants(gx_constants* block, const double* sphere,
                                           const double* parms) {
-  double local[kGaussCount];
-  return gx_azimuthal_store(block, local, double_setup(sphere, parms, local));
+  int32_t count = gx_is_sphere(sphere) ? 0 : kGaussCount;
+  return gx_layout_load(block, count, double_setup, sphere, parms);
 }

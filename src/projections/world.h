@@ -7,62 +7,9 @@
 // gx_<name>_constants (gx_constants_fn).
 #pragma once
 
-#include "projections/setup.h"
+#include "projections/points.h"
 
 // ---- what the family's functions share --------------------------------------
-
-// t of magnitude above 1 replaced by +-1 with its sign, before an asin.
-inline double gx_clamp_unit(double t) {
-  if (t > 1.0) return 1.0;
-  if (t < -1.0) return -1.0;
-  return t;
-}
-
-// gx_eq, written inline for the per-point tests against a limit.
-inline bool gx_equals(double x, double y) {
-  return std::fabs(x - y) <= (1.0 + (std::fabs(x) + std::fabs(y)) / 2.0) * GX_EPS;
-}
-
-// For the inverses that reject: false when |value| exceeds `limit` and is not
-// equal to it in the sense of gx_eq; a value equal to its limit takes the
-// limit exactly, with its sign.
-inline bool gx_within_limit(double& value, double limit) {
-  if (std::fabs(value) <= limit) return true;
-  if (!gx_equals(std::fabs(value), limit)) return false;
-  value = value < 0.0 ? -limit : limit;
-  return true;
-}
-
-// A longitude difference beyond a half turn but equal to it in the sense of
-// gx_eq is the half turn exactly; any other value stands.
-inline double gx_onto_half_turn(double dlam) {
-  if (std::fabs(dlam) > GX_PI && gx_equals(std::fabs(dlam), GX_PI)) return dlam < 0.0 ? -GX_PI : GX_PI;
-  return dlam;
-}
-
-// Runs point(x, y) on each of the n pairs in order.  Returns n, or 0 for n
-// below 1.
-template <class Point>
-inline int32_t gx_each_point(int32_t n, double* coords, Point point) {
-  if (n < 1) return 0;
-  for (int32_t i = 0; i < n; ++i) point(coords[2 * i], coords[2 * i + 1]);
-  return n;
-}
-
-// For the inverses that count: point(x, y) returns false for a point without
-// an image, which then holds NaN in both ordinates.  Returns the number of
-// points that got an image, 0 for n below 1.
-template <class Point>
-inline int32_t gx_count_points(int32_t n, double* coords, Point point) {
-  if (n < 1) return 0;
-  int32_t converted = 0;
-  for (int32_t i = 0; i < n; ++i) {
-    double* xy = coords + 2 * i;
-    if (point(xy[0], xy[1])) ++converted;
-    else gx_point_nan(xy);
-  }
-  return converted;
-}
 
 // The Mollweide auxiliary angle of a latitude, signed like it: the root of
 // 2 theta + sin 2 theta = pi sin |phi| by Brent's method on [0, pi/2].

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <string>
 
 #include "gx_convert.h"
 #include "gx_objects.h"
@@ -220,6 +221,70 @@ TEST(ProjectionDriver, InvalidSystemRunsIdentityWithLatitudeLimit) {
   EXPECT_EQ(xy[1], 1.5707963267948966);  // factor 1: the value itself is limited
   EXPECT_EQ(xy[3], -1.5707963267948966);
   EXPECT_EQ(gx_proj_to_geog(nullptr, 2, xy), 2);
+}
+
+}  // namespace
+
+namespace {
+
+const char* kPlateCarreeFeet =
+    "PROJCS[\"Plate_Carree_Feet\",GEOGCS[\"GCS_Sphere\",DATUM[\"D_Sphere\",SPHEROID[\"Sphere\","
+    "6371000.0,0.0]],PRIMEM[\"Greenwich\",0.0],UNIT[\"Degree\",0.0174532925199433]],"
+    "PROJECTION[\"Plate_Carree\"],PARAMETER[\"False_Easting\",1000.0],"
+    "PARAMETER[\"False_Northing\",2000.0],PARAMETER[\"Central_Meridian\",0.0],"
+    "UNIT[\"Foot\",0.3048]]";
+
+TEST(ProjectionDriver, PlateCarreeInFeetWithFalseOrigin) {
+  gx_projcs* projcs = gx_projcs_from_string(kPlateCarreeFeet);
+  ASSERT_NE(projcs, nullptr);
+  char text[GX_WKT_SIZE];
+  EXPECT_STREQ(gx_projcs_to_string(projcs, text), kPlateCarreeFeet);
+  double xy[4] = {10.0, 20.0, -30.0, -45.0};
+  ASSERT_EQ(gx_geog_to_proj(projcs, 2, xy), 2);
+  const double r = 6371000.0 * 0.017453292519943295;
+  EXPECT_NEAR(xy[0], 10.0 * r / 0.3048 + 1000.0, 1e-6);
+  EXPECT_NEAR(xy[1], 20.0 * r / 0.3048 + 2000.0, 1e-6);
+  EXPECT_NEAR(xy[2], -30.0 * r / 0.3048 + 1000.0, 1e-6);
+  ASSERT_EQ(gx_proj_to_geog(projcs, 2, xy), 2);
+  EXPECT_NEAR(xy[0], 10.0, 1e-12);
+  EXPECT_NEAR(xy[3], -45.0, 1e-12);
+  gx_projcs_del(projcs);
+}
+
+TEST(ProjectionDriver, NegativeCountsNanAndInfinitiesDoNoHarm) {
+  gx_projcs* projcs = gx_projcs_from_string(kPlateCarreeFeet);
+  double xy[4] = {1.0, 2.0, 3.0, 4.0};
+  EXPECT_EQ(gx_geog_to_proj(projcs, -5, xy), 0);
+  EXPECT_EQ(xy[0], 1.0);
+  EXPECT_EQ(gx_proj_to_geog(projcs, -1, xy), 0);
+  double odd[4] = {std::nan(""), 2.0, HUGE_VAL, -HUGE_VAL};
+  gx_geog_to_proj(projcs, 2, odd);
+  EXPECT_TRUE(std::isnan(odd[0]));
+  gx_proj_to_geog(projcs, 2, odd);
+  gx_projcs_del(projcs);
+}
+
+TEST(ProjectionDriver, SeventeenParametersCannotAllHaveSlots) {
+  std::string text =
+      "PROJCS[\"x\",GEOGCS[\"G\",DATUM[\"D\",SPHEROID[\"S\",6378137.0,298.257223563]],"
+      "PRIMEM[\"P\",0.0],UNIT[\"Degree\",0.0174532925199433]],PROJECTION[\"Mercator\"]";
+  const char* names[] = {"False_Easting", "False_Northing", "Central_Meridian",
+                         "Standard_Parallel_1", "Standard_Parallel_2", "Scale_Factor",
+                         "Latitude_Of_Origin", "Azimuth", "Longitude_Of_1st_Point",
+                         "Longitude_Of_2nd_Point", "Longitude_Of_Center", "Latitude_Of_Center",
+                         "X_Scale", "Y_Scale", "XY_Plane_Rotation", "Height", "Option"};
+  for (const char* name : names) text += std::string(",PARAMETER[\"") + name + "\",1]";
+  text += ",UNIT[\"Meter\",1.0]]";
+  gx_errext record;
+  EXPECT_EQ(gx_projcs_from_string_errext(text.c_str(), &record), nullptr);
+  EXPECT_EQ(record.code, 411u);
+  EXPECT_STREQ(record.message, "Duplicate parameter \"Option\" in WKT string");
+  // Sixteen, one per slot, are a definition.
+  std::string sixteen = text.substr(0, text.find(",PARAMETER[\"Option\""));
+  sixteen += ",UNIT[\"Meter\",1.0]]";
+  gx_projcs* projcs = gx_projcs_from_string(sixteen.c_str());
+  ASSERT_NE(projcs, nullptr);
+  gx_projcs_del(projcs);
 }
 
 }  // namespace

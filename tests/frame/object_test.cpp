@@ -138,3 +138,42 @@ TEST(CoordsysLayer, KnowsOnlyGeographicAndProjectedSystems) {
 }
 
 }  // namespace
+
+namespace {
+
+// Every family that exists is reached by its keyword, in the order of tests
+// that keeps a keyword that holds another from being taken for it.
+TEST(ObjectLayer, KeywordDispatchReachesEveryFamily) {
+  const char* geogcs =
+      "GEOGCS[\"G\",DATUM[\"D\",SPHEROID[\"S\",6378137.0,298.257223563]],PRIMEM[\"P\",0],"
+      "UNIT[\"Degree\",0.0174532925199433]]";
+  struct Case {
+    std::string text;
+    uint32_t type;
+  } cases[] = {
+      {std::string("GEOGTRAN[\"T\",") + geogcs + "," + geogcs +
+           ",METHOD[\"Geocentric_Translation\"],PARAMETER[\"X_Axis_Translation\",1],"
+           "PARAMETER[\"Y_Axis_Translation\",1],PARAMETER[\"Z_Axis_Translation\",1]]",
+       GX_TYPE_GEOGTRAN},
+      {std::string("PROJCS[\"P\",") + geogcs + ",PROJECTION[\"Mercator\"],UNIT[\"Meter\",1]]",
+       GX_TYPE_PROJCS},
+      {geogcs, GX_TYPE_GEOGCS},
+      {"DATUM[\"D\",SPHEROID[\"S\",6378137.0,298.257223563]]", GX_TYPE_DATUM},
+      {"PRIMEM[\"P\",2.5]", GX_TYPE_PRIMEM},
+      {"ELLIPSOID[\"S\",6378137.0,298.257223563]", GX_TYPE_SPHEROID},
+      {"METHOD[\"NTv2\"]", GX_TYPE_METHOD},
+      {"PROJECTION[\"Mercator\"]", GX_TYPE_PROJECTION},
+      {"PARAMETER[\"Scale_Factor\",0.9996]", GX_TYPE_PARAMETER},
+  };
+  for (const Case& c : cases) {
+    void* obj = gx_object_from_string(c.text.c_str());
+    ASSERT_NE(obj, nullptr) << c.text;
+    EXPECT_EQ(gx_object_type(obj), c.type) << c.text;
+    void* by_type = gx_object_from_string_by_type(c.type, c.text.c_str());
+    EXPECT_EQ(gx_object_eq(obj, by_type), 1) << c.text;
+    gx_object_del(by_type);
+    gx_object_del(obj);
+  }
+}
+
+}  // namespace

@@ -80,10 +80,6 @@ bytes nadcon_bytes(const nadcon_grid_file& g, const node_field& field) {
 
 }  // namespace
 
-node_field bilinear_field(float a, float b, float c, float d) {
-  return [=](int row, int column) { return a + b * column + c * row + d * column * row; };
-}
-
 int ntv2_rows(const ntv2_subgrid& g) { return node_lines(g.south, g.north, g.lat_inc); }
 int ntv2_columns(const ntv2_subgrid& g) { return node_lines(g.east, g.west, g.lon_inc); }
 

@@ -17,9 +17,18 @@ typedef std::vector<unsigned char> bytes;
 // as the file stores it (east for NTv2, west for NADCON).
 typedef std::function<float(int row, int column)> node_field;
 
-// f(row, column) = a + b column + c row + d column row: bilinear on every
-// cell, so that interpolation reproduces it exactly.
-node_field bilinear_field(float a, float b, float c, float d);
+// f = a + b column + c row + d column row: bilinear on every cell, so that
+// interpolation reproduces it exactly and a test can say what it must give.
+struct bilinear_field {
+  float a, b, c, d;
+  bilinear_field(float a_, float b_, float c_, float d_) : a(a_), b(b_), c(c_), d(d_) {}
+  node_field nodes() const {
+    const bilinear_field f = *this;
+    return [f](int row, int column) { return static_cast<float>(f.at(column, row)); };
+  }
+  operator node_field() const { return nodes(); }
+  double at(double column, double row) const { return a + b * column + c * row + d * column * row; }
+};
 
 struct ntv2_subgrid {
   std::string name, parent;  // 8 characters at most; "NONE" for a root

@@ -16,14 +16,8 @@ using namespace gx_test;
 const double kNoParms[16] = {0};
 const sphere kAny = {6378206.4, 0.006768657997291};
 
-struct field {
-  float a, b, c, d;
-  node_field nodes() const { return bilinear_field(a, b, c, d); }
-  double at(double column, double row) const { return a + b * column + c * row + d * column * row; }
-};
-
-const field kLon = {0.5f, 0.25f, -0.125f, 0.0625f};
-const field kLat = {-1.0f, 0.125f, 0.5f, -0.25f};
+const bilinear_field kLon = {0.5f, 0.25f, -0.125f, 0.0625f};
+const bilinear_field kLat = {-1.0f, 0.125f, 0.5f, -0.25f};
 
 // 40N to 40.5N, 100W to 94.25W, every quarter degree: 3 rows of 24.
 nadcon_grid_file conus_grid() {

@@ -17,18 +17,10 @@ using namespace gx_test;
 const double kNoParms[16] = {0};
 const sphere kAny = {6378137.0, 0.0066943799901413165};
 
-// A field a + b column + c row + d column row, its coefficients kept so that
-// the test can compute what the interpolation must give.
-struct field {
-  float a, b, c, d;
-  node_field nodes() const { return bilinear_field(a, b, c, d); }
-  double at(double column, double row) const { return a + b * column + c * row + d * column * row; }
-};
-
-const field kRootLat = {1.0f, 0.5f, 0.25f, 0.125f};
-const field kRootLon = {-2.0f, 0.25f, 0.75f, -0.0625f};
-const field kChildLat = {5.0f, -0.5f, 1.0f, 0.25f};
-const field kChildLon = {3.0f, 0.125f, -0.25f, 0.5f};
+const bilinear_field kRootLat = {1.0f, 0.5f, 0.25f, 0.125f};
+const bilinear_field kRootLon = {-2.0f, 0.25f, 0.75f, -0.0625f};
+const bilinear_field kChildLat = {5.0f, -0.5f, 1.0f, 0.25f};
+const bilinear_field kChildLon = {3.0f, 0.125f, -0.25f, 0.5f};
 
 // 10N to 12.5N, 19E to 21E, every half degree: 6 rows of 5 nodes.  In
 // seconds, longitudes positive west.  The edges are chosen so that degrees

@@ -1,6 +1,9 @@
 #!/usr/bin/env python3
 """Expected values of the azimuthal projection tests, computed with PROJ's
-`proj` program (PROJ 9.1.1, Debian package proj-bin).  Prints one C++ row
+`proj` program (PROJ 9.1.1, Debian package proj-bin), and for the polar
+azimuthal equidistant on the ellipsoid with mpmath (the meridian arc by
+quadrature), where PROJ's meridian series is only good to some micrometres on
+WGS 84 and some decimetres on a strongly flattened body.  Prints one C++ row
 {lon, lat, x, y} per point, degrees in and metres out, for each case.
 
 Usage: python3 azimuthal_reference.py [label-filter]
@@ -84,6 +87,34 @@ CASES = [
      [(-100, 40), (-90, 30), (-120, 60), (-60, -10), (-100, -30)]),
     ("nsper sphere north", "+proj=nsper +h=1000000 +lat_0=90 +lon_0=0 " + SPHERE,
      [(0, 60), (-45, 80), (135, 70)]),
+    # Azimuthal equidistant
+    ("aeqd sphere oblique", "+proj=aeqd +lat_0=40 +lon_0=-100 " + SPHERE,
+     [(-100, 40), (-90, 30), (-120, 60), (-60, -10), (100, 0), (80, -30)]),
+    ("aeqd sphere equatorial", "+proj=aeqd +lat_0=0 +lon_0=10 " + SPHERE,
+     [(10, 0), (40, 30), (-60, -50), (100, 10), (10, 90)]),
+    ("aeqd sphere north", "+proj=aeqd +lat_0=90 +lon_0=-45 " + SPHERE,
+     [(0, 60), (-45, 80), (135, 10), (-170, -30), (20, 90)]),
+    ("aeqd sphere south", "+proj=aeqd +lat_0=-90 +lon_0=0 " + SPHERE,
+     [(30, -60), (-150, -80), (90, 20)]),
+    ("aeqd wgs84 oblique", "+proj=aeqd +lat_0=40 +lon_0=-100 +ellps=WGS84",
+     [(-100, 40), (-90, 30), (-120, 60), (-60, -10), (100, 0), (-100, -80), (-100, 90)]),
+    ("aeqd wgs84 equatorial", "+proj=aeqd +lat_0=0 +lon_0=20 +ellps=WGS84",
+     [(20, 0), (40, 10), (-30, -45), (20, 80), (100, 30)]),
+    # Two-point equidistant (sphere)
+    ("tpeqd sphere", "+proj=tpeqd +lat_1=40 +lon_1=-100 +lat_2=10 +lon_2=-60 " + SPHERE,
+     [(-100, 40), (-60, 10), (-80, 25), (-90, 0), (-70, 50), (20, 60), (-100, -40)]),
+    # Auxiliary sphere twins: type 0 (radius a), 1 (radius b), 2 (the authalic radius of
+    # WGS 84 by mpmath; PROJ's +R_A is a series good to 1e-11)
+    ("stere twin type 0", "+proj=stere +lat_0=52 +lon_0=5 +k=0.9999 +R=6378137",
+     [(10, 55), (-5, 40), (30, 70)]),
+    ("laea twin type 2", "+proj=laea +lat_0=52 +lon_0=10 +R=6371007.180918474",
+     [(5, 50), (-10, 35), (40, 70)]),
+    ("aeqd twin type 1", "+proj=aeqd +lat_0=40 +lon_0=-100 +R=6356752.314245179",
+     [(-90, 30), (-120, 60), (-60, -10)]),
+    ("ortho twin type 0", "+proj=ortho +lat_0=40 +lon_0=-100 +R=6378137",
+     [(-90, 30), (-120, 60), (-60, -10)]),
+    ("gnom twin type 2", "+proj=gnom +lat_0=40 +lon_0=-100 +R=6371007.180918474",
+     [(-90, 30), (-120, 60), (-60, -10)]),
 ]
 
 
@@ -94,8 +125,47 @@ def run(projstring, points):
     return [tuple(float(v) for v in line.split()) for line in out.splitlines()]
 
 
+# Polar azimuthal equidistant by quadrature: (label, a, 1/f, north, lon0, points).
+POLAR_AEQD = [
+    ("aeqd wgs84 north (mpmath)", 6378137.0, 298.257223563, True, 0,
+     [(0, 85), (45, 70), (-135, 89), (170, 0), (30, -60)]),
+    ("aeqd wgs84 south (mpmath)", 6378137.0, 298.257223563, False, 0,
+     [(0, -85), (-120, -70), (60, -50)]),
+    ("aeqd flattened north (mpmath)", 6378137.0, 100.0, True, 0,
+     [(0, 85), (45, 70), (-135, 0)]),
+]
+
+
+def polar_aeqd(a, rf, north, lon0, points):
+    from mpmath import mp, mpf, quad, sin, cos, pi, radians
+    mp.dps = 30
+    a = mpf(a)
+    f = 1 / mpf(rf)
+    e2 = f * (2 - f)
+
+    def arc(phi):
+        return quad(lambda t: a * (1 - e2) / (1 - e2 * sin(t) ** 2) ** mpf(1.5), [0, phi])
+
+    quarter = arc(pi / 2)
+    rows = []
+    for lon, lat in points:
+        phi = radians(lat)
+        dlam = radians(lon - lon0)
+        r = quarter - arc(phi) if north else quarter + arc(phi)
+        x = r * sin(dlam)
+        y = -r * cos(dlam) if north else r * cos(dlam)
+        rows.append((float(x), float(y)))
+    return rows
+
+
 def main():
     wanted = sys.argv[1] if len(sys.argv) > 1 else ""
+    for label, a, rf, north, lon0, points in POLAR_AEQD:
+        if wanted not in label:
+            continue
+        print("// %s" % label)
+        for (lon, lat), (x, y) in zip(points, polar_aeqd(a, rf, north, lon0, points)):
+            print("{%r, %r, %.6f, %.6f}," % (lon, lat, x, y))
     for label, projstring, points in CASES:
         if wanted not in label:
             continue

@@ -1,0 +1,64 @@
+// The per-point side of a projection function: the loop over the array with
+// its count, the marking of points without an image, and the small tests
+// against a limit that the world projections and the grids apart share.
+#pragma once
+
+#include "projections/setup.h"
+
+// t of magnitude above 1 replaced by +-1 with its sign, before an asin.
+inline double gx_clamp_unit(double t) {
+  if (t > 1.0) return 1.0;
+  if (t < -1.0) return -1.0;
+  return t;
+}
+
+// |value| with the sign of `sign` (+0 counts as positive).
+inline double gx_with_sign_of(double value, double sign) {
+  return sign < 0.0 ? -std::fabs(value) : std::fabs(value);
+}
+
+// gx_eq, written inline for the per-point tests against a limit.
+inline bool gx_equals(double x, double y) {
+  return std::fabs(x - y) <= (1.0 + (std::fabs(x) + std::fabs(y)) / 2.0) * GX_EPS;
+}
+
+// For the inverses that reject: false when |value| exceeds `limit` and is not
+// equal to it in the sense of gx_eq; a value equal to its limit takes the
+// limit exactly, with its sign.
+inline bool gx_within_limit(double& value, double limit) {
+  if (std::fabs(value) <= limit) return true;
+  if (!gx_equals(std::fabs(value), limit)) return false;
+  value = value < 0.0 ? -limit : limit;
+  return true;
+}
+
+// A longitude difference beyond a half turn but equal to it in the sense of
+// gx_eq is the half turn exactly; any other value stands.
+inline double gx_onto_half_turn(double dlam) {
+  if (std::fabs(dlam) > GX_PI && gx_equals(std::fabs(dlam), GX_PI)) return dlam < 0.0 ? -GX_PI : GX_PI;
+  return dlam;
+}
+
+// Runs point(x, y) on each of the n pairs in order.  Returns n, or 0 for n
+// below 1.
+template <class Point>
+inline int32_t gx_each_point(int32_t n, double* coords, Point point) {
+  if (n < 1) return 0;
+  for (int32_t i = 0; i < n; ++i) point(coords[2 * i], coords[2 * i + 1]);
+  return n;
+}
+
+// For the inverses that count: point(x, y) returns false for a point without
+// an image, which then holds NaN in both ordinates.  Returns the number of
+// points that got an image, 0 for n below 1.
+template <class Point>
+inline int32_t gx_count_points(int32_t n, double* coords, Point point) {
+  if (n < 1) return 0;
+  int32_t converted = 0;
+  for (int32_t i = 0; i < n; ++i) {
+    double* xy = coords + 2 * i;
+    if (point(xy[0], xy[1])) ++converted;
+    else gx_point_nan(xy);
+  }
+  return converted;
+}
