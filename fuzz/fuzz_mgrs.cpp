@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 
 #include "gridref/mgrs_grid.h"
 #include "orvamobilegx.h"
