@@ -58,11 +58,12 @@ double GridStep(const gx_projection_row& row) {
   return row.code == 43028 || row.code == 43040 ? 1.0 : 5.0;
 }
 
-// Two_Point_Equidistant's stated inverse is not the inverse of its forward
-// away from the line through its two points: a direct evaluation of the
-// stated formulas (points 0,0 and 60,60 on a unit sphere) takes the image of
-// 22.5,22.5 back to 6.2855,30.8273, and so does this library.  Its round
-// trip is therefore held to finite results only.
+// Two_Point_Equidistant's forward puts points left of the line from its first
+// point to its second at negative y, and its inverse reads positive y as the
+// left: a point off the line comes back mirrored in it.  A direct evaluation
+// of the two sets of formulas (points 0,0 and 60,60 on a unit sphere) takes
+// 22.5,22.5 to 6.2855,30.8273, and so does this library; the round trip is
+// held to finite results only.
 bool RoundTripsExactly(const gx_projection_row& row) { return row.code != 43031; }
 
 class ProjectionListRows : public ::testing::TestWithParam<int> {};
