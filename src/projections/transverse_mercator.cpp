@@ -83,32 +83,38 @@ int32_t ellipsoid_inverse(const double* c, const double* sphere, const double* p
   const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], k0 = parms[GX_PARM_SCALE_FACTOR];
   const double ep2 = c[kEp2], mu0 = c[kMu0], rect_r = c[kRectR];
   const double* table = c + kTable;
-  const double k02 = k0 * k0, k03 = k02 * k0, k04 = k03 * k0, k05 = k04 * k0, k06 = k05 * k0,
-               k07 = k06 * k0, k08 = k07 * k0;
+  // The powers of 1 / k0 and the divisors of the series' terms, once per run:
+  // the loop multiplies by reciprocals where the formulas divide.
+  const double r1 = 1 / k0, r2 = r1 * r1, r3 = r2 * r1, r4 = r3 * r1, r5 = r4 * r1,
+               r6 = r5 * r1, r7 = r6 * r1, r8 = r7 * r1;
+  const double a2 = r2 / 2, a4 = r4 / 24, a6 = r6 / 720, a8 = r8 / 40320;
+  const double b3 = r3 / 6, b5 = r5 / 120, b7 = r7 / kB7Divisor;
+  const double to_mu = 1 / (rect_r * k0);
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     double x = p[0];
-    double mu = p[1] / (rect_r * k0) + mu0;
+    double mu = p[1] * to_mu + mu0;
     double phi1 = gx_mu_to_phi_c(e2, mu, table);
     double s = std::sin(phi1), cs = std::cos(phi1);
     double N = gx_n_of_sin(a, e2, s), M = gx_m_of_sin(a, e2, s);
-    double t = std::tan(phi1), T = t * t, T2 = T * T, T3 = T2 * T;
+    double t = s / cs, T = t * t, T2 = T * T, T3 = T2 * T;
     double eta = ep2 * cs * cs, eta2 = eta * eta, eta3 = eta2 * eta, eta4 = eta3 * eta;
     double X2 = x * x;
-    double N3 = N * N * N, N5 = N3 * N * N, N7 = N5 * N * N;
-    double A2 = t / (N * M * k02 * 2);
-    double A4 = t * (5 + 3 * T + eta * (1 - 4 * eta) - 9 * eta * T) / (N3 * M * k04 * 24);
-    double A6 = t *
+    double rN = 1 / N, rN2 = rN * rN, rN3 = rN2 * rN, rN5 = rN3 * rN2, rN7 = rN5 * rN2;
+    double tM = t / M, rcs = 1 / cs;
+    double A2 = tM * rN * a2;
+    double A4 = tM * (5 + 3 * T + eta * (1 - 4 * eta) - 9 * eta * T) * rN3 * a4;
+    double A6 = tM *
                 (61 + 90 * T + 45 * T2 + 46 * eta - 3 * eta2 + 100 * eta3 + 88 * eta4 +
-                 eta * T * (-252 - 66 * eta + 84 * eta2 - 192 * eta3 + T * (-90 + 225 * eta))) /
-                (N5 * M * k06 * 720);
-    double A8 = t * (1385 + 3633 * T + 4095 * T2 + 1575 * T3) / (N7 * M * k08 * 40320);
-    double B3 = (1 + 2 * T + eta) / (N3 * cs * k03 * 6);
+                 eta * T * (-252 - 66 * eta + 84 * eta2 - 192 * eta3 + T * (-90 + 225 * eta))) *
+                rN5 * a6;
+    double A8 = tM * (1385 + 3633 * T + 4095 * T2 + 1575 * T3) * rN7 * a8;
+    double B3 = (1 + 2 * T + eta) * rN3 * rcs * b3;
     double B5 = (5 + 28 * T + 24 * T2 + 6 * eta - 3 * eta2 - 4 * eta3 +
-                 eta * T * (8 + 4 * eta + 24 * eta2)) /
-                (N5 * cs * k05 * 120);
-    double B7 = (61 + 662 * T + 1320 * T2 + 720 * T3) / (N7 * cs * k07 * kB7Divisor);
+                 eta * T * (8 + 4 * eta + 24 * eta2)) *
+                rN5 * rcs * b5;
+    double B7 = (61 + 662 * T + 1320 * T2 + 720 * T3) * rN7 * rcs * b7;
     p[1] = phi1 + X2 * (-A2 + X2 * (A4 + X2 * (-A6 + X2 * A8)));
-    double dlam = x * (1 / (N * cs * k0) + X2 * (-B3 + X2 * (B5 - X2 * B7)));
+    double dlam = x * (rN * rcs * r1 + X2 * (-B3 + X2 * (B5 - X2 * B7)));
     p[0] = gx_delta_fast(dlam + lam0);
   }
   return n;
