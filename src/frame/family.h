@@ -31,6 +31,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 #include "frame/diagnostics.h"
 #include "frame/object.h"
@@ -63,6 +64,14 @@ struct gx_family_ops {
     return head != nullptr && head->objtable->type == F::type;
   }
   static T* as(void* obj) { return valid(obj) ? static_cast<T*>(obj) : nullptr; }
+
+  // A field of a live object, or `neutral` for anything else: the shape of
+  // every accessor of a family.
+  template <class V>
+  static V field(const void* obj, V T::*member, std::type_identity_t<V> neutral) {
+    const T* source = as(obj);
+    return source != nullptr ? source->*member : neutral;
+  }
   static const T* as(const void* obj) { return valid(obj) ? static_cast<const T*>(obj) : nullptr; }
 
   // A zeroed object with its header filled as a _new function leaves it:

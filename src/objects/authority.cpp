@@ -102,8 +102,7 @@ GX_API gx_authority* gx_authority_new_w(const gx_wchar* name, int32_t code,
 }
 
 GX_API int32_t gx_authority_authcode(const gx_authority* obj) {
-  const gx_authority* source = gx_family_ops<gx_authority>::as(obj);
-  return source != nullptr ? source->authcode : 0;
+  return gx_family_ops<gx_authority>::field(obj, &gx_authority::authcode, 0);
 }
 
 GX_API char* gx_authority_version(const gx_authority* obj, char* buffer) {

@@ -133,8 +133,7 @@ GX_API gx_datum* gx_datum_new_w(const gx_wchar* name, gx_spheroid* spheroid) {
 }
 
 GX_API gx_spheroid* gx_datum_spheroid(const gx_datum* obj) {
-  const gx_datum* source = gx_family_ops<gx_datum>::as(obj);
-  return source != nullptr ? source->spheroid : nullptr;
+  return gx_family_ops<gx_datum>::field(obj, &gx_datum::spheroid, nullptr);
 }
 
 }  // extern "C"

@@ -171,18 +171,15 @@ GX_API gx_geogcs* gx_geogcs_new_w(const gx_wchar* name, gx_datum* datum, gx_prim
 }
 
 GX_API gx_datum* gx_geogcs_datum(const gx_geogcs* obj) {
-  const gx_geogcs* source = gx_family_ops<gx_geogcs>::as(obj);
-  return source != nullptr ? source->datum : nullptr;
+  return gx_family_ops<gx_geogcs>::field(obj, &gx_geogcs::datum, nullptr);
 }
 
 GX_API gx_primem* gx_geogcs_primem(const gx_geogcs* obj) {
-  const gx_geogcs* source = gx_family_ops<gx_geogcs>::as(obj);
-  return source != nullptr ? source->primem : nullptr;
+  return gx_family_ops<gx_geogcs>::field(obj, &gx_geogcs::primem, nullptr);
 }
 
 GX_API gx_unit* gx_geogcs_unit(const gx_geogcs* obj) {
-  const gx_geogcs* source = gx_family_ops<gx_geogcs>::as(obj);
-  return source != nullptr ? source->unit : nullptr;
+  return gx_family_ops<gx_geogcs>::field(obj, &gx_geogcs::unit, nullptr);
 }
 
 }  // extern "C"

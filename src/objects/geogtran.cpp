@@ -231,8 +231,7 @@ gx_geogtran* gx_family<gx_geogtran>::from_tokens(gx_wkt_tokens* block, int32_t s
 }
 
 gx_constants* gx_geogtran_constants(const gx_geogtran* obj) {
-  const gx_geogtran* source = gx_family_ops<gx_geogtran>::as(obj);
-  return source != nullptr ? source->constants : nullptr;
+  return gx_family_ops<gx_geogtran>::field(obj, &gx_geogtran::constants, nullptr);
 }
 
 extern "C" {
@@ -282,27 +281,20 @@ GX_API gx_geogtran* gx_geogtran_new_w(const gx_wchar* name, gx_geogcs* geogcs1,
 }
 
 GX_API gx_geogcs* gx_geogtran_geogcs1(const gx_geogtran* obj) {
-  const gx_geogtran* source = gx_family_ops<gx_geogtran>::as(obj);
-  return source != nullptr ? source->geogcs1 : nullptr;
+  return gx_family_ops<gx_geogtran>::field(obj, &gx_geogtran::geogcs1, nullptr);
 }
 
 GX_API gx_geogcs* gx_geogtran_geogcs2(const gx_geogtran* obj) {
-  const gx_geogtran* source = gx_family_ops<gx_geogtran>::as(obj);
-  return source != nullptr ? source->geogcs2 : nullptr;
+  return gx_family_ops<gx_geogtran>::field(obj, &gx_geogtran::geogcs2, nullptr);
 }
 
 GX_API gx_method* gx_geogtran_method(const gx_geogtran* obj) {
-  const gx_geogtran* source = gx_family_ops<gx_geogtran>::as(obj);
-  return source != nullptr ? source->method : nullptr;
+  return gx_family_ops<gx_geogtran>::field(obj, &gx_geogtran::method, nullptr);
 }
 
 GX_API int gx_geogtran_parameters(const gx_geogtran* obj, gx_parameter** parameters) {
-  if (parameters == nullptr) return 0;
-  for (int slot = 0; slot < GX_PARAMETER_SLOTS; ++slot) parameters[slot] = nullptr;
   const gx_geogtran* source = gx_family_ops<gx_geogtran>::as(obj);
-  if (source == nullptr) return 0;
-  for (int slot = 0; slot < GX_PARAMETER_SLOTS; ++slot) parameters[slot] = source->parameters[slot];
-  return 1;
+  return gx_parameter_slots_lend(source != nullptr ? source->parameters : nullptr, parameters);
 }
 
 GX_API void gx_geogtran_unload_constants(gx_geogtran* obj) {

@@ -82,8 +82,7 @@ gx_method* gx_methlist_method_from_name(const char* name, gx_errext* caller) {
 }
 
 gx_method_loader gx_method_constants_fn(const gx_method* obj) {
-  const gx_method* source = gx_family_ops<gx_method>::as(obj);
-  return source != nullptr ? source->constants : nullptr;
+  return gx_family_ops<gx_method>::field(obj, &gx_method::constants, nullptr);
 }
 
 extern "C" {
@@ -119,13 +118,11 @@ GX_API gx_method* gx_method_new_w(const gx_wchar* name, gx_method_fn forward,
 }
 
 GX_API gx_method_fn gx_method_forward(const gx_method* obj) {
-  const gx_method* source = gx_family_ops<gx_method>::as(obj);
-  return source != nullptr ? source->forward : identity;
+  return gx_family_ops<gx_method>::field(obj, &gx_method::forward, identity);
 }
 
 GX_API gx_method_fn gx_method_inverse(const gx_method* obj) {
-  const gx_method* source = gx_family_ops<gx_method>::as(obj);
-  return source != nullptr ? source->inverse : identity;
+  return gx_family_ops<gx_method>::field(obj, &gx_method::inverse, identity);
 }
 
 }  // extern "C"

@@ -97,8 +97,7 @@ GX_API gx_parameter* gx_parameter_new_w(const gx_wchar* name, double value) {
 }
 
 GX_API double gx_parameter_value(const gx_parameter* obj) {
-  const gx_parameter* source = gx_family_ops<gx_parameter>::as(obj);
-  return source != nullptr ? source->value : 0.0;
+  return gx_family_ops<gx_parameter>::field(obj, &gx_parameter::value, 0.0);
 }
 
 GX_API void gx_parameter_value_w(const gx_parameter* obj, double* value) {

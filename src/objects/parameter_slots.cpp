@@ -12,6 +12,13 @@ void gx_parameter_slots_delete(gx_parameter** slots) {
   }
 }
 
+int gx_parameter_slots_lend(gx_parameter* const* slots, gx_parameter** out) {
+  if (out == nullptr) return 0;
+  for (int slot = 0; slot < GX_PARAMETER_SLOTS; ++slot)
+    out[slot] = slots != nullptr ? slots[slot] : nullptr;
+  return slots != nullptr ? 1 : 0;
+}
+
 bool gx_parameter_slots_clone(gx_parameter* const* source, gx_parameter** copy) {
   for (int slot = 0; slot < GX_PARAMETER_SLOTS; ++slot) copy[slot] = nullptr;
   for (int slot = 0; slot < GX_PARAMETER_SLOTS; ++slot) {

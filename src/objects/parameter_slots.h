@@ -10,6 +10,9 @@
 constexpr int GX_PARAMETER_SLOTS = 16;
 
 void gx_parameter_slots_delete(gx_parameter** slots);
+// Lends the 16 slots of an object (null: none) into the caller's array after
+// clearing it; 1 when slots were lent, 0 for a null object or array.
+int gx_parameter_slots_lend(gx_parameter* const* slots, gx_parameter** out);
 // Clones every slot; false (and nothing left) when one clone fails.
 bool gx_parameter_slots_clone(gx_parameter* const* source, gx_parameter** copy);
 // Equal when each slot is empty in both or holds equal parameters.

@@ -106,8 +106,7 @@ GX_API gx_primem* gx_primem_new_w(const gx_wchar* name, double longitude) {
 }
 
 GX_API double gx_primem_longitude(const gx_primem* obj) {
-  const gx_primem* source = gx_family_ops<gx_primem>::as(obj);
-  return source != nullptr ? source->longitude : 0.0;
+  return gx_family_ops<gx_primem>::field(obj, &gx_primem::longitude, 0.0);
 }
 
 GX_API void gx_primem_longitude_w(const gx_primem* obj, double* longitude) {

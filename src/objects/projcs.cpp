@@ -175,8 +175,7 @@ gx_projcs* gx_projcs_from_tokens(gx_wkt_tokens* block, int32_t start, int32_t* n
 }
 
 gx_constants* gx_projcs_constants(const gx_projcs* obj) {
-  const gx_projcs* source = gx_family_ops<gx_projcs>::as(obj);
-  return source != nullptr ? source->constants : nullptr;
+  return gx_family_ops<gx_projcs>::field(obj, &gx_projcs::constants, nullptr);
 }
 
 extern "C" {
@@ -226,27 +225,20 @@ GX_API gx_projcs* gx_projcs_new_w(const gx_wchar* name, gx_geogcs* geogcs,
 }
 
 GX_API gx_geogcs* gx_projcs_geogcs(const gx_projcs* obj) {
-  const gx_projcs* source = gx_family_ops<gx_projcs>::as(obj);
-  return source != nullptr ? source->geogcs : nullptr;
+  return gx_family_ops<gx_projcs>::field(obj, &gx_projcs::geogcs, nullptr);
 }
 
 GX_API gx_projection* gx_projcs_projection(const gx_projcs* obj) {
-  const gx_projcs* source = gx_family_ops<gx_projcs>::as(obj);
-  return source != nullptr ? source->projection : nullptr;
+  return gx_family_ops<gx_projcs>::field(obj, &gx_projcs::projection, nullptr);
 }
 
 GX_API gx_unit* gx_projcs_unit(const gx_projcs* obj) {
-  const gx_projcs* source = gx_family_ops<gx_projcs>::as(obj);
-  return source != nullptr ? source->unit : nullptr;
+  return gx_family_ops<gx_projcs>::field(obj, &gx_projcs::unit, nullptr);
 }
 
 GX_API int gx_projcs_parameters(const gx_projcs* obj, gx_parameter** parameters) {
-  if (parameters == nullptr) return 0;
-  for (int slot = 0; slot < GX_PARM_COUNT; ++slot) parameters[slot] = nullptr;
   const gx_projcs* source = gx_family_ops<gx_projcs>::as(obj);
-  if (source == nullptr) return 0;
-  for (int slot = 0; slot < GX_PARM_COUNT; ++slot) parameters[slot] = source->parameters[slot];
-  return 1;
+  return gx_parameter_slots_lend(source != nullptr ? source->parameters : nullptr, parameters);
 }
 
 GX_API int gx_projcs_eqnn(const gx_projcs* a, const gx_projcs* b) {

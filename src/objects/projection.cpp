@@ -122,8 +122,7 @@ gx_projection* gx_projlist_projection_from_name(const char* name, gx_errext* cal
 }
 
 gx_constants_fn gx_projection_constants_fn(const gx_projection* obj) {
-  const gx_projection* source = gx_family_ops<gx_projection>::as(obj);
-  return source != nullptr ? source->constants : nullptr;
+  return gx_family_ops<gx_projection>::field(obj, &gx_projection::constants, nullptr);
 }
 
 extern "C" {
@@ -165,33 +164,27 @@ GX_API gx_projection* gx_projection_new_w(const gx_wchar* name) {
 }
 
 GX_API gx_projection_fn gx_projection_forward(const gx_projection* obj) {
-  const gx_projection* source = gx_family_ops<gx_projection>::as(obj);
-  return source != nullptr ? source->forward : identity;
+  return gx_family_ops<gx_projection>::field(obj, &gx_projection::forward, identity);
 }
 
 GX_API gx_projection_fn gx_projection_inverse(const gx_projection* obj) {
-  const gx_projection* source = gx_family_ops<gx_projection>::as(obj);
-  return source != nullptr ? source->inverse : identity;
+  return gx_family_ops<gx_projection>::field(obj, &gx_projection::inverse, identity);
 }
 
 GX_API gx_horizon_builder gx_projection_horizon(const gx_projection* obj) {
-  const gx_projection* source = gx_family_ops<gx_projection>::as(obj);
-  return source != nullptr ? source->horizon : gx_horizon_world;
+  return gx_family_ops<gx_projection>::field(obj, &gx_projection::horizon, gx_horizon_world);
 }
 
 GX_API gx_horizon_builder gx_projection_horizon_pcs(const gx_projection* obj) {
-  const gx_projection* source = gx_family_ops<gx_projection>::as(obj);
-  return source != nullptr ? source->horizon_pcs : nullptr;
+  return gx_family_ops<gx_projection>::field(obj, &gx_projection::horizon_pcs, nullptr);
 }
 
 GX_API gx_horizon_builder gx_projection_horizon_gcs_raster(const gx_projection* obj) {
-  const gx_projection* source = gx_family_ops<gx_projection>::as(obj);
-  return source != nullptr ? source->horizon_gcs_raster : nullptr;
+  return gx_family_ops<gx_projection>::field(obj, &gx_projection::horizon_gcs_raster, nullptr);
 }
 
 GX_API gx_horizon_builder gx_projection_horizon_pcs_raster(const gx_projection* obj) {
-  const gx_projection* source = gx_family_ops<gx_projection>::as(obj);
-  return source != nullptr ? source->horizon_pcs_raster : nullptr;
+  return gx_family_ops<gx_projection>::field(obj, &gx_projection::horizon_pcs_raster, nullptr);
 }
 
 }  // extern "C"

@@ -171,8 +171,7 @@ GX_API gx_spheroid* gx_spheroid_new_w(const gx_wchar* name, double axis, double 
 }
 
 GX_API double gx_spheroid_axis(const gx_spheroid* obj) {
-  const gx_spheroid* source = gx_family_ops<gx_spheroid>::as(obj);
-  return source != nullptr ? source->axis : 1.0;
+  return gx_family_ops<gx_spheroid>::field(obj, &gx_spheroid::axis, 1.0);
 }
 
 GX_API void gx_spheroid_axis_w(const gx_spheroid* obj, double* axis) {
@@ -182,8 +181,7 @@ GX_API void gx_spheroid_axis_w(const gx_spheroid* obj, double* axis) {
 }
 
 GX_API double gx_spheroid_flattening(const gx_spheroid* obj) {
-  const gx_spheroid* source = gx_family_ops<gx_spheroid>::as(obj);
-  return source != nullptr ? source->flattening : 0.0;
+  return gx_family_ops<gx_spheroid>::field(obj, &gx_spheroid::flattening, 0.0);
 }
 
 GX_API void gx_spheroid_flattening_w(const gx_spheroid* obj, double* flattening) {

@@ -109,8 +109,7 @@ GX_API gx_unit* gx_unit_new_w(const gx_wchar* name, double factor) {
 }
 
 GX_API double gx_unit_factor(const gx_unit* obj) {
-  const gx_unit* source = gx_family_ops<gx_unit>::as(obj);
-  return source != nullptr ? source->factor : 1.0;
+  return gx_family_ops<gx_unit>::field(obj, &gx_unit::factor, 1.0);
 }
 
 GX_API void gx_unit_factor_w(const gx_unit* obj, double* factor) {

@@ -29,25 +29,8 @@ constexpr gx_twin kGnomonic = {gx_gnomonic_forward, gx_gnomonic_inverse, GX_PARM
 
 }  // namespace
 
-// The three functions of one twin, each a call of the shared wrapper.
-#define GX_AZIMUTHAL_TWIN(p, twin)                                                          \
-  int32_t gx_##p##_auxiliary_sphere_forward(const double* sphere, double* parms, int32_t n, \
-                                            double* coords, const int32_t* ints,            \
-                                            const double* doubles) {                        \
-    return gx_twin_forward(&twin, sphere, parms, n, coords, ints, doubles);                 \
-  }                                                                                         \
-  int32_t gx_##p##_auxiliary_sphere_inverse(const double* sphere, double* parms, int32_t n, \
-                                            double* coords, const int32_t* ints,            \
-                                            const double* doubles) {                        \
-    return gx_twin_inverse(&twin, sphere, parms, n, coords, ints, doubles);                 \
-  }                                                                                         \
-  int32_t gx_##p##_auxiliary_sphere_constants(gx_constants* block, const double* sphere,    \
-                                              const double* parms) {                        \
-    return gx_twin_constants(&twin, block, sphere, parms);                                  \
-  }
-
-GX_AZIMUTHAL_TWIN(stereographic, kStereographic)
-GX_AZIMUTHAL_TWIN(azimuthal_equidistant, kAzimuthalEquidistant)
-GX_AZIMUTHAL_TWIN(lambert_azimuthal_equal_area, kLambertAzimuthal)
-GX_AZIMUTHAL_TWIN(orthographic, kOrthographic)
-GX_AZIMUTHAL_TWIN(gnomonic, kGnomonic)
+GX_DEFINE_TWIN(stereographic_auxiliary_sphere, kStereographic)
+GX_DEFINE_TWIN(azimuthal_equidistant_auxiliary_sphere, kAzimuthalEquidistant)
+GX_DEFINE_TWIN(lambert_azimuthal_equal_area_auxiliary_sphere, kLambertAzimuthal)
+GX_DEFINE_TWIN(orthographic_auxiliary_sphere, kOrthographic)
+GX_DEFINE_TWIN(gnomonic_auxiliary_sphere, kGnomonic)

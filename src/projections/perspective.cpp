@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "projections/azimuthal.h"
+#include "projections/points.h"
 
 namespace {
 
@@ -245,49 +246,36 @@ int32_t gx_gnomonic_forward(const double* sphere, double* parms, int32_t n, doub
                             const int32_t* ints, const double* doubles) {
   if (n < 1) return 0;
   centre_run r = centre_constants(sphere, parms, doubles);
-  int32_t count = 0;
-  for (int32_t i = 0; i < n; ++i) {
-    double* p = coords + 2 * i;
+  return gx_count_points(n, coords, [&r](double* p) {
     view v = look(r, gx_delta_fast(p[0] - r.lam0), p[1]);
-    if (!(v.cc > 0.0 && std::fabs(v.cc) > GX_EPS)) {
-      gx_point_nan(p);
-      continue;
-    }
+    if (!(v.cc > 0.0 && std::fabs(v.cc) > GX_EPS)) return false;
     double f = r.a / v.cc;
     p[0] = v.sd * f * v.c;
     p[1] = northing(r, v) * f;
-    ++count;
-  }
-  return count;
+    return true;
+  });
 }
 
 int32_t gx_gnomonic_inverse(const double* sphere, double* parms, int32_t n, double* coords,
                             const int32_t* ints, const double* doubles) {
   if (n < 1) return 0;
   centre_run r = centre_constants(sphere, parms, doubles);
-  int32_t count = 0;
-  for (int32_t i = 0; i < n; ++i) {
-    double* p = coords + 2 * i;
+  return gx_count_points(n, coords, [&r](double* p) {
     double x = p[0];
     double y = p[1];
     double rho = std::sqrt(x * x + y * y);
     if (rho <= GX_EPS) {
       to_centre(r, p);
-      ++count;
-      continue;
+      return true;
     }
     double ce = std::atan(rho / r.a);
     double cce = std::cos(ce);
-    if (!(cce > 0.0)) {
-      gx_point_nan(p);
-      continue;
-    }
+    if (!(cce > 0.0)) return false;
     double sce = std::sin(ce);
     p[1] = std::asin(sce * y / rho * r.cos_c + cce * r.sin_c);
     p[0] = gx_delta_fast(std::atan2(sce * x, cce * rho * r.cos_c - sce * y * r.sin_c) + r.lam0);
-    ++count;
-  }
-  return count;
+    return true;
+  });
 }
 
 void gx_gnomonic_setup(const double* sphere, const double* parms, int mask, double* k) {
@@ -307,43 +295,30 @@ int32_t gx_orthographic_forward(const double* sphere, double* parms, int32_t n, 
                                 const int32_t* ints, const double* doubles) {
   if (n < 1) return 0;
   centre_run r = centre_constants(sphere, parms, doubles);
-  int32_t count = 0;
-  for (int32_t i = 0; i < n; ++i) {
-    double* p = coords + 2 * i;
+  return gx_count_points(n, coords, [&r](double* p) {
     view v = look(r, gx_delta_fast(p[0] - r.lam0), p[1]);
-    if (!(v.cc >= 0.0)) {
-      gx_point_nan(p);
-      continue;
-    }
+    if (!(v.cc >= 0.0)) return false;
     p[0] = v.sd * v.c * r.a;
     p[1] = northing(r, v) * r.a;
-    ++count;
-  }
-  return count;
+    return true;
+  });
 }
 
 int32_t gx_orthographic_inverse(const double* sphere, double* parms, int32_t n, double* coords,
                                 const int32_t* ints, const double* doubles) {
   if (n < 1) return 0;
   centre_run r = centre_constants(sphere, parms, doubles);
-  int32_t count = 0;
-  for (int32_t i = 0; i < n; ++i) {
-    double* p = coords + 2 * i;
+  return gx_count_points(n, coords, [&r](double* p) {
     double rho = std::sqrt(p[0] * p[0] + p[1] * p[1]);
     if (rho <= GX_EPS) {
       to_centre(r, p);
-      ++count;
-      continue;
+      return true;
     }
-    if (!(rho <= r.a)) {
-      gx_point_nan(p);
-      continue;
-    }
+    if (!(rho <= r.a)) return false;
     double ce = std::asin(rho / r.a);
     from_distance(r, std::sin(ce), std::cos(ce), rho, p);
-    ++count;
-  }
-  return count;
+    return true;
+  });
 }
 
 // ---- Vertical_Near_Side_Perspective ---------------------------------------------
@@ -358,16 +333,9 @@ int32_t gx_vertical_near_side_perspective_forward(const double* sphere, double* 
   centre_run r(sphere, parms, k[kPCos], k[kPSin]);
   double h = parms[GX_PARM_HEIGHT];
   double e2 = sphere[1];
-  int32_t count = 0;
-  for (int32_t i = 0; i < n; ++i) {
-    double* p = coords + 2 * i;
-    if (perspective_point(r, e2, k, h, gx_delta_fast(p[0] - r.lam0), p)) {
-      ++count;
-    } else {
-      gx_point_nan(p);
-    }
-  }
-  return count;
+  return gx_count_points(n, coords, [&](double* p) {
+    return perspective_point(r, e2, k, h, gx_delta_fast(p[0] - r.lam0), p);
+  });
 }
 
 int32_t gx_vertical_near_side_perspective_inverse(const double* sphere, double* parms, int32_t n,
@@ -380,25 +348,15 @@ int32_t gx_vertical_near_side_perspective_inverse(const double* sphere, double* 
   centre_run r(sphere, parms, k[kPCos], k[kPSin]);
   double h = parms[GX_PARM_HEIGHT];
   bool on_sphere = gx_is_sphere(sphere);
-  int32_t count = 0;
-  for (int32_t i = 0; i < n; ++i) {
-    double* p = coords + 2 * i;
+  return gx_count_points(n, coords, [&](double* p) {
     double rho = std::sqrt(p[0] * p[0] + p[1] * p[1]);
-    bool converted = true;
     if (rho <= GX_EPS) {
       to_centre(r, p);
-    } else if (on_sphere) {
-      converted = perspective_sphere_inverse(r, k, rho, p);
-    } else {
-      converted = perspective_ellipsoid_inverse(r, k, h, p);
+      return true;
     }
-    if (converted) {
-      ++count;
-    } else {
-      gx_point_nan(p);
-    }
-  }
-  return count;
+    return on_sphere ? perspective_sphere_inverse(r, k, rho, p)
+                     : perspective_ellipsoid_inverse(r, k, h, p);
+  });
 }
 
 int32_t gx_vertical_near_side_perspective_constants(gx_constants* block, const double* sphere,

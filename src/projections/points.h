@@ -3,6 +3,8 @@
 // against a limit that the world projections and the grids apart share.
 #pragma once
 
+#include <type_traits>
+
 #include "projections/setup.h"
 
 // t of magnitude above 1 replaced by +-1 with its sign, before an asin.
@@ -48,16 +50,22 @@ inline int32_t gx_each_point(int32_t n, double* coords, Point point) {
   return n;
 }
 
-// For the inverses that count: point(x, y) returns false for a point without
-// an image, which then holds NaN in both ordinates.  Returns the number of
-// points that got an image, 0 for n below 1.
+// For the functions that count: point(x, y), or point(xy) for one that works
+// on the pair as a whole, returns false for a point without an image, which
+// then holds NaN in both ordinates.  Returns the number of points that got
+// an image, 0 for n below 1.
 template <class Point>
 inline int32_t gx_count_points(int32_t n, double* coords, Point point) {
   if (n < 1) return 0;
   int32_t converted = 0;
   for (int32_t i = 0; i < n; ++i) {
     double* xy = coords + 2 * i;
-    if (point(xy[0], xy[1])) ++converted;
+    bool has_image;
+    if constexpr (std::is_invocable_v<Point, double*>)
+      has_image = point(xy);
+    else
+      has_image = point(xy[0], xy[1]);
+    if (has_image) ++converted;
     else gx_point_nan(xy);
   }
   return converted;

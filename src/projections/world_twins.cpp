@@ -18,24 +18,8 @@ constexpr gx_twin kVanDerGrintenI = {gx_van_der_grinten_i_forward, gx_van_der_gr
 
 }  // namespace
 
-// The three functions of each twin: one-line calls of the shared wrapper.
-#define GX_WORLD_TWIN(name, twin)                                                             \
-  int32_t gx_##name##_forward(const double* sphere, double* parms, int32_t n, double* coords, \
-                              const int32_t* ints, const double* doubles) {                   \
-    return gx_twin_forward(&twin, sphere, parms, n, coords, ints, doubles);                   \
-  }                                                                                           \
-  int32_t gx_##name##_inverse(const double* sphere, double* parms, int32_t n, double* coords, \
-                              const int32_t* ints, const double* doubles) {                   \
-    return gx_twin_inverse(&twin, sphere, parms, n, coords, ints, doubles);                   \
-  }                                                                                           \
-  int32_t gx_##name##_constants(gx_constants* block, const double* sphere,                    \
-                                const double* parms) {                                        \
-    return gx_twin_constants(&twin, block, sphere, parms);                                    \
-  }
+GX_DEFINE_TWIN(mollweide_auxiliary_sphere, kMollweide)
+GX_DEFINE_TWIN(eckert_iv_auxiliary_sphere, kEckertIv)
+GX_DEFINE_TWIN(eckert_vi_auxiliary_sphere, kEckertVi)
+GX_DEFINE_TWIN(van_der_grinten_i_auxiliary_sphere, kVanDerGrintenI)
 
-GX_WORLD_TWIN(mollweide_auxiliary_sphere, kMollweide)
-GX_WORLD_TWIN(eckert_iv_auxiliary_sphere, kEckertIv)
-GX_WORLD_TWIN(eckert_vi_auxiliary_sphere, kEckertVi)
-GX_WORLD_TWIN(van_der_grinten_i_auxiliary_sphere, kVanDerGrintenI)
-
-#undef GX_WORLD_TWIN

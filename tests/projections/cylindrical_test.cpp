@@ -365,31 +365,18 @@ TEST(AuxiliarySphere, OnASphereTheTwinIsItsBase) {
 }
 
 TEST(AuxiliarySphere, LoaderCounts) {
-  struct Expectation {
-    gx_constants_fn loader;
-    const double* sphere;
-    double type;
-    int32_t count;
-  };
-  const Expectation cases[] = {
-      {gx_mercator_auxiliary_sphere_constants, kWgs84, 3, 20},
-      {gx_mercator_auxiliary_sphere_constants, kWgs84, 0, 2},
-      {gx_mercator_auxiliary_sphere_constants, kSphere, 3, 2},
-      {gx_equidistant_cylindrical_auxiliary_sphere_constants, kWgs84, 3, 18},
-      {gx_equidistant_cylindrical_auxiliary_sphere_constants, kWgs84, 2, 0},
-      {gx_equidistant_cylindrical_auxiliary_sphere_constants, kSphere, 3, 0},
-      {gx_miller_cylindrical_auxiliary_sphere_constants, kWgs84, 3, 18},
-      {gx_miller_cylindrical_auxiliary_sphere_constants, kWgs84, 1, 0},
-  };
-  for (const Expectation& e : cases) {
-    Vector v({{kType, e.type}, {kSp1, 30}});
-    gx_constants* block = gx_constants_new();
-    EXPECT_EQ(e.loader(block, e.sphere, v.parms), e.count) << "type " << e.type;
-    EXPECT_EQ(gx_constants_doubles(block) != nullptr, e.count > 0);
-    gx_constants_del(block);
-    // The loader reads the vector; it never converts it.
-    EXPECT_EQ(v.parms[kSp1], 30.0 * kDeg);
-  }
+  ExpectTwinLoaderCounts(
+      {
+          {gx_mercator_auxiliary_sphere_constants, kWgs84, 3, 20},
+          {gx_mercator_auxiliary_sphere_constants, kWgs84, 0, 2},
+          {gx_mercator_auxiliary_sphere_constants, kSphere, 3, 2},
+          {gx_equidistant_cylindrical_auxiliary_sphere_constants, kWgs84, 3, 18},
+          {gx_equidistant_cylindrical_auxiliary_sphere_constants, kWgs84, 2, 0},
+          {gx_equidistant_cylindrical_auxiliary_sphere_constants, kSphere, 3, 0},
+          {gx_miller_cylindrical_auxiliary_sphere_constants, kWgs84, 3, 18},
+          {gx_miller_cylindrical_auxiliary_sphere_constants, kWgs84, 1, 0},
+      },
+      {{kSp1, 30}});
 }
 
 TEST(AuxiliarySphere, MercatorTwinStoresItsSphereConstants) {

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <initializer_list>
 #include <vector>
 
 #include "frame/constants.h"
@@ -91,5 +92,18 @@ class ProjectionCaseTest : public ::testing::TestWithParam<ProjectionCase> {};
 std::string case_name(const ::testing::TestParamInfo<ProjectionCase>& info);
 // A case shows as its label in failure messages.
 void PrintTo(const ProjectionCase& c, std::ostream* os);
+
+// An auxiliary sphere twin's loader for one sphere type: how many doubles it
+// stores.  ExpectTwinLoaderCounts checks each case with the vector built
+// from `parameters` plus the type, that a block holds doubles exactly when
+// some are stored, and that the loader leaves the vector as it was.
+struct TwinLoaderCount {
+  gx_constants_fn loader;
+  const double* sphere;
+  double type;
+  int32_t count;
+};
+void ExpectTwinLoaderCounts(std::initializer_list<TwinLoaderCount> cases,
+                            const std::vector<Parameter>& parameters = {});
 
 }  // namespace gx_test

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <memory>
 
+#include "frame/constants.h"
 #include "projections/projection_cases.h"
 
 namespace gx_test {
@@ -180,6 +181,23 @@ TEST_P(ProjectionCaseTest, LoaderWritesItsHeaderOrNothing) {
   double parms[GX_PARM_COUNT];
   build_parms(c.parameters, parms);
   EXPECT_EQ(c.projection.loader(nullptr, sphere, parms), 0);
+}
+
+void ExpectTwinLoaderCounts(std::initializer_list<TwinLoaderCount> cases,
+                            const std::vector<Parameter>& parameters) {
+  for (const TwinLoaderCount& e : cases) {
+    std::vector<Parameter> given = parameters;
+    given.push_back({GX_PARM_X_SCALE, e.type});
+    double parms[GX_PARM_COUNT];
+    build_parms(given, parms);
+    double before[GX_PARM_COUNT];
+    std::memcpy(before, parms, sizeof before);
+    gx_constants* block = gx_constants_new();
+    EXPECT_EQ(e.loader(block, e.sphere, parms), e.count) << "type " << e.type;
+    EXPECT_EQ(gx_constants_doubles(block) != nullptr, e.count > 0) << "type " << e.type;
+    gx_constants_del(block);
+    EXPECT_EQ(std::memcmp(before, parms, sizeof before), 0) << "the loader changed the vector";
+  }
 }
 
 }  // namespace gx_test

@@ -817,13 +817,7 @@ TEST(WinkelTripel, DenseRoundTripAcrossTheCells) {
 // ---- the twins -------------------------------------------------------------------------
 
 TEST(WorldTwins, LoaderCounts) {
-  struct Expectation {
-    gx_constants_fn loader;
-    const double* sphere;
-    double type;
-    int32_t count;
-  };
-  const Expectation cases[] = {
+  ExpectTwinLoaderCounts({
       {gx_mollweide_auxiliary_sphere_constants, kWgs84, 3, 20},
       {gx_mollweide_auxiliary_sphere_constants, kWgs84, 1, 2},
       {gx_mollweide_auxiliary_sphere_constants, kSphere, 3, 2},
@@ -833,13 +827,7 @@ TEST(WorldTwins, LoaderCounts) {
       {gx_eckert_vi_auxiliary_sphere_constants, kSphere, 3, 0},
       {gx_van_der_grinten_i_auxiliary_sphere_constants, kWgs84, 3, 18},
       {gx_van_der_grinten_i_auxiliary_sphere_constants, kWgs84, 2, 0},
-  };
-  for (const Expectation& e : cases) {
-    Vector v({{kType, e.type}});
-    gx_constants* block = gx_constants_new();
-    EXPECT_EQ(e.loader(block, e.sphere, v.parms), e.count) << "type " << e.type;
-    gx_constants_del(block);
-  }
+  });
 }
 
 TEST(WorldTwins, MollweideTwinStoresItsLocalSphere) {
