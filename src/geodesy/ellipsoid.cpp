@@ -47,18 +47,6 @@ int gx_eq(double x, double y) {
   return std::fabs(x - y) <= (1.0 + (std::fabs(x) + std::fabs(y)) / 2.0) * GX_EPS ? 1 : 0;
 }
 
-double gx_hypot(double x, double y) {
-  double p = std::fabs(x);
-  double q = std::fabs(y);
-  if (p + q == 0.0) return 0.0;
-  if (p > q) {
-    double r = q / p;
-    return p * std::sqrt(1.0 + r * r);
-  }
-  double r = p / q;
-  return q * std::sqrt(1.0 + r * r);
-}
-
 double gx_atan2_safe(double x, double y) {
   if (x == 0.0 && y == 0.0) return 0.0;
   return std::atan2(y, x);

@@ -240,6 +240,13 @@ double gx_mu_to_phi_c(double e2, double mu, const double* table) {
   return mu < 0.0 ? -phi : phi;
 }
 
+// ---- on angles with their sine and cosine --------------------------------------------
+
+gx_angle gx_latitude_closed(double (*plain)(double, double, const double*), double e2,
+                            const gx_angle& x, const double* table) {
+  return gx_angle_of(plain(e2, x.rad, table));
+}
+
 // ---- plain forms: a table on the stack with only the half that is needed --------------
 
 namespace {

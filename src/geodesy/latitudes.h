@@ -10,6 +10,7 @@
 #pragma once
 
 #include "gx_geodesy.h"
+#include "geodesy/ellipsoid.h"
 
 inline constexpr int GX_CHI_TABLE_SIZE = 16;
 inline constexpr int GX_BETA_TABLE_SIZE = 18;
@@ -37,3 +38,63 @@ double gx_phi_to_beta_c(double e2, double phi, const double* table);
 double gx_beta_to_phi_c(double e2, double beta, const double* table);
 double gx_phi_to_mu_c(double e2, double phi, const double* table);
 double gx_mu_to_phi_c(double e2, double mu, const double* table);
+
+// ---- the same on angles carried with their sine and cosine --------------------------
+//
+// Same results as the _c forms to within rounding, with the sine and cosine
+// of the result besides: below GX_SERIES_LIMIT the series is summed from the
+// argument's sine and cosine and the result turned by it (gx_angle_turn), so
+// a point costs no call of the runtime's trigonometry.  The fixed points
+// (a sphere, the equator, the poles) come back unchanged; a body at or above
+// the limit goes through its _c form.
+
+// The closed-form route: `plain` on the angle, then its sine and cosine.
+gx_angle gx_latitude_closed(double (*plain)(double, double, const double*), double e2,
+                            const gx_angle& x, const double* table);
+
+template <int half, double (*plain)(double, double, const double*)>
+inline gx_angle gx_latitude_turned(double e2, const gx_angle& x, const double* table) {
+  if (e2 < GX_EPS || x.rad == 0.0 || gx_is_halfpi(x.rad)) return x;
+  if (e2 >= GX_SERIES_LIMIT) return gx_latitude_closed(plain, e2, x, table);
+  return gx_angle_turn(x, gx_series_sum_at(table + half, x.sin, x.cos));
+}
+
+inline gx_angle gx_phi_to_chi_a(double e2, const gx_angle& phi, const double* table) {
+  return gx_latitude_turned<GX_SERIES_FORWARD_AT, gx_phi_to_chi_c>(e2, phi, table);
+}
+inline gx_angle gx_chi_to_phi_a(double e2, const gx_angle& chi, const double* table) {
+  return gx_latitude_turned<GX_SERIES_INVERSE_AT, gx_chi_to_phi_c>(e2, chi, table);
+}
+inline gx_angle gx_phi_to_beta_a(double e2, const gx_angle& phi, const double* table) {
+  return gx_latitude_turned<GX_SERIES_FORWARD_AT, gx_phi_to_beta_c>(e2, phi, table);
+}
+inline gx_angle gx_beta_to_phi_a(double e2, const gx_angle& beta, const double* table) {
+  return gx_latitude_turned<GX_SERIES_INVERSE_AT, gx_beta_to_phi_c>(e2, beta, table);
+}
+inline gx_angle gx_phi_to_mu_a(double e2, const gx_angle& phi, const double* table) {
+  return gx_latitude_turned<GX_SERIES_FORWARD_AT, gx_phi_to_mu_c>(e2, phi, table);
+}
+inline gx_angle gx_mu_to_phi_a(double e2, const gx_angle& mu, const double* table) {
+  return gx_latitude_turned<GX_SERIES_INVERSE_AT, gx_mu_to_phi_c>(e2, mu, table);
+}
+
+// The isometric latitude psi = ln tan(pi/4 + chi/2) = asinh(tan phi) -
+// e atanh(e sin phi) of a latitude between the poles, from its sine and
+// cosine and the eccentricity e: what the conformal projections take the
+// exponential of.  Mirrored, so that 1 + sin phi never cancels; below
+// GX_SERIES_LIMIT the artanh is its odd power series, whose terms beyond
+// the eighth stay below 1e-19.
+inline double gx_isometric_of(double e, const gx_angle& phi) {
+  double s = std::fabs(phi.sin), es = e * s, x2 = es * es;
+  double artanh;
+  if (e * e < GX_SERIES_LIMIT) {
+    constexpr double k3 = 1.0 / 3, k5 = 1.0 / 5, k7 = 1.0 / 7, k9 = 1.0 / 9, k11 = 1.0 / 11,
+                     k13 = 1.0 / 13, k15 = 1.0 / 15, k17 = 1.0 / 17;
+    double tail = k3 + x2 * (k5 + x2 * (k7 + x2 * (k9 + x2 * (k11 + x2 * (k13 + x2 * (k15 + x2 * k17))))));
+    artanh = es + es * x2 * tail;
+  } else {
+    artanh = std::atanh(es);
+  }
+  double psi = std::log((1.0 + s) / phi.cos) - e * artanh;
+  return phi.sin < 0.0 ? -psi : psi;
+}

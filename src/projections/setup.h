@@ -65,13 +65,6 @@ inline double gx_delta_fast(double angle) {
   return std::fabs(angle) <= GX_PI ? angle : gx_delta(angle);
 }
 
-// Equality with pi/2 in the sense of gx_eq, written inline as every
-// projection writes it.
-inline bool gx_is_halfpi(double angle) {
-  double a = std::fabs(angle);
-  return std::fabs(a - GX_HALFPI) <= ((a + GX_HALFPI) / 2 + 1) * GX_EPS;
-}
-
 // Equality with 1 in magnitude, in the sense of gx_eq.
 inline bool gx_is_unit(double value) {
   double a = std::fabs(value);
