@@ -52,14 +52,14 @@ int32_t ellipsoid_forward(const double* c, const double* sphere, const double* p
   const double ep2 = c[kEp2], mu0 = c[kMu0], rect_r = c[kRectR];
   const double* table = c + kTable;
   for (double* p = coords; p < coords + 2 * n; p += 2) {
-    double phi = gx_pole_clamp(p[1]);
+    gx_angle phi = gx_angle_of(gx_pole_clamp(p[1]));
     double L = gx_delta_fast(p[0] - lam0), L2 = L * L;
-    double s = std::sin(phi), cs = std::cos(phi), t = std::tan(phi), t2 = t * t;
+    double s = phi.sin, cs = phi.cos, t = s / cs, t2 = t * t;
     double eta = ep2 * cs * cs, eta2 = eta * eta, eta3 = eta2 * eta, eta4 = eta3 * eta;
     double Nk = gx_n_of_sin(a, e2, s) * k0;
     double c3 = cs * cs * cs, c5 = c3 * cs * cs, c7 = c5 * cs * cs;
     double t4 = t2 * t2, t6 = t4 * t2;
-    double mdist = (gx_phi_to_mu_c(e2, phi, table) - mu0) * rect_r * k0;
+    double mdist = (gx_phi_to_mu_a(e2, phi, table).rad - mu0) * rect_r * k0;
     double P2 = (Nk / 2) * cs * s;
     double P4 = (Nk / 24) * c3 * s * (5 - t2 + 9 * eta + 4 * eta2);
     double P6 = (Nk * kP6) * c5 * s *
@@ -90,17 +90,20 @@ int32_t ellipsoid_inverse(const double* c, const double* sphere, const double* p
   const double a2 = r2 / 2, a4 = r4 / 24, a6 = r6 / 720, a8 = r8 / 40320;
   const double b3 = r3 / 6, b5 = r5 / 120, b7 = r7 / kB7Divisor;
   const double to_mu = 1 / (rect_r * k0);
+  // 1 / N = w / a and 1 / M = w^3 / ((1 - e2) a): the radii's reciprocals
+  // without a division.
+  const double ra = 1 / a, rb = 1 / ((1.0 - e2) * a);
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     double x = p[0];
     double mu = p[1] * to_mu + mu0;
-    double phi1 = gx_mu_to_phi_c(e2, mu, table);
-    double s = std::sin(phi1), cs = std::cos(phi1);
-    double N = gx_n_of_sin(a, e2, s), M = gx_m_of_sin(a, e2, s);
-    double t = s / cs, T = t * t, T2 = T * T, T3 = T2 * T;
+    gx_angle phi1 = gx_mu_to_phi_a(e2, gx_angle_of(mu), table);
+    double s = phi1.sin, cs = phi1.cos;
+    double w = gx_w_of_sin(e2, s);
+    double rcs = 1 / cs, t = s * rcs, T = t * t, T2 = T * T, T3 = T2 * T;
     double eta = ep2 * cs * cs, eta2 = eta * eta, eta3 = eta2 * eta, eta4 = eta3 * eta;
     double X2 = x * x;
-    double rN = 1 / N, rN2 = rN * rN, rN3 = rN2 * rN, rN5 = rN3 * rN2, rN7 = rN5 * rN2;
-    double tM = t / M, rcs = 1 / cs;
+    double rN = w * ra, rN2 = rN * rN, rN3 = rN2 * rN, rN5 = rN3 * rN2, rN7 = rN5 * rN2;
+    double tM = t * (w * w * w * rb);
     double A2 = tM * rN * a2;
     double A4 = tM * (5 + 3 * T + eta * (1 - 4 * eta) - 9 * eta * T) * rN3 * a4;
     double A6 = tM *
@@ -113,7 +116,7 @@ int32_t ellipsoid_inverse(const double* c, const double* sphere, const double* p
                  eta * T * (8 + 4 * eta + 24 * eta2)) *
                 rN5 * rcs * b5;
     double B7 = (61 + 662 * T + 1320 * T2 + 720 * T3) * rN7 * rcs * b7;
-    p[1] = phi1 + X2 * (-A2 + X2 * (A4 + X2 * (-A6 + X2 * A8)));
+    p[1] = phi1.rad + X2 * (-A2 + X2 * (A4 + X2 * (-A6 + X2 * A8)));
     double dlam = x * (rN * rcs * r1 + X2 * (-B3 + X2 * (B5 - X2 * B7)));
     p[0] = gx_delta_fast(dlam + lam0);
   }
@@ -127,12 +130,14 @@ int32_t gx_transverse_mercator_sphere_forward(const double* layout, const double
   const double ak = layout[kAk], half_ak = layout[kHalfAk];
   const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], phi0 = parms[GX_PARM_LATITUDE_OF_ORIGIN];
   for (double* p = coords; p < coords + 2 * n; p += 2) {
-    double phi = gx_pole_clamp(p[1]);
-    double dlam = gx_delta_fast(p[0] - lam0);
-    double B = std::sin(dlam) * std::cos(phi);
+    gx_angle phi = gx_angle_of(gx_pole_clamp(p[1]));
+    gx_angle dlam = gx_angle_of(gx_delta_fast(p[0] - lam0));
+    double B = dlam.sin * phi.cos;
     if (gx_is_unit(B)) B = B < 0.0 ? -kUnitBelowOne : kUnitBelowOne;
     p[0] = std::log((B + 1) / (1 - B)) * half_ak;
-    p[1] = (std::atan2(std::tan(phi), std::cos(dlam)) - phi0) * ak;
+    // atan2(tan phi, cos dlam), with the tangent's cosine moved across: cos
+    // phi is positive within the poles.
+    p[1] = (std::atan2(phi.sin, phi.cos * dlam.cos) - phi0) * ak;
   }
   return n;
 }
@@ -143,11 +148,12 @@ int32_t gx_transverse_mercator_sphere_inverse(const double* layout, const double
   const double r = 1.0 / layout[kAk];
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     double xr = r * p[0], D = r * p[1] + phi0;
-    double g = std::exp(xr), h = std::exp(-xr);
-    double s = 2 * std::sin(D) / (h + g);
+    double g = std::exp(xr), h = 1 / g;
+    gx_angle d = gx_angle_of(D);
+    double s = 2 * d.sin / (h + g);
     if (std::fabs(s) > 1.0) s = s < 0.0 ? -1.0 : 1.0;
     p[1] = std::asin(s);
-    p[0] = gx_delta_fast(std::atan2(g - h, 2 * std::cos(D)) + lam0);
+    p[0] = gx_delta_fast(std::atan2(g - h, 2 * d.cos) + lam0);
   }
   return n;
 }
