@@ -101,6 +101,11 @@ inline gx_angle gx_angle_turn(const gx_angle& x, double d) {
                   x.cos + (x.cos * cos_d_less_1 - x.sin * sin_d)};
 }
 
+// asin(v) with its sine v and its cosine sqrt(1 - v^2).
+inline gx_angle gx_angle_of_sine(double v) {
+  return gx_angle{std::asin(v), v, std::sqrt((1.0 - v) * (1.0 + v))};
+}
+
 // The angle pi/2 - 2 atan(t) for t >= 0, the form in which the conformal
 // projections give back a conformal latitude; sine and cosine come from t
 // by the half-angle forms, written in 1/t beyond 1 so that no square

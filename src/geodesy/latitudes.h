@@ -80,14 +80,17 @@ inline gx_angle gx_mu_to_phi_a(double e2, const gx_angle& mu, const double* tabl
 
 // The isometric latitude psi = ln tan(pi/4 + chi/2) = asinh(tan phi) -
 // e atanh(e sin phi) of a latitude between the poles, from its sine and
-// cosine and the eccentricity e: what the conformal projections take the
+// cosine and the eccentricity e (0 or below sqrt(GX_EPS) for a sphere, where
+// it is asinh(tan phi)): what the conformal projections take the
 // exponential of.  Mirrored, so that 1 + sin phi never cancels; below
 // GX_SERIES_LIMIT the artanh is its odd power series, whose terms beyond
 // the eighth stay below 1e-19.
 inline double gx_isometric_of(double e, const gx_angle& phi) {
   double s = std::fabs(phi.sin), es = e * s, x2 = es * es;
   double artanh;
-  if (e * e < GX_SERIES_LIMIT) {
+  if (e * e < GX_EPS) {
+    artanh = 0.0;  // a sphere: chi is phi
+  } else if (e * e < GX_SERIES_LIMIT) {
     constexpr double k3 = 1.0 / 3, k5 = 1.0 / 5, k7 = 1.0 / 7, k9 = 1.0 / 9, k11 = 1.0 / 11,
                      k13 = 1.0 / 13, k15 = 1.0 / 15, k17 = 1.0 / 17;
     double tail = k3 + x2 * (k5 + x2 * (k7 + x2 * (k9 + x2 * (k11 + x2 * (k13 + x2 * (k15 + x2 * k17))))));

@@ -74,19 +74,25 @@ double cone_clamp(double phi) {
   return gx_pole_clamp(phi);
 }
 
+// -ln t(phi) per point: the isometric latitude, t being exp(-psi), so that
+// t^n is one exponential.  The clamped pole keeps the tangent of chi = phi.
+double cone_minus_log_t(double e, double phi) {
+  if (gx_is_halfpi(phi)) return -std::log(std::tan(GX_QUARTERPI - phi / 2));
+  return gx_isometric_of(e, gx_angle_of(phi));
+}
+
 int32_t cone_forward(const double* sphere, const double* parms, const double* k, int32_t count,
                      double* coords) {
-  double e2 = sphere[1];
+  double e = std::sqrt(sphere[1]);
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], k0 = parms[GX_PARM_SCALE_FACTOR];
-  double n = k[kN], F = k[kF], rho0 = k[kRho0];
-  const double* table = k + kTable;
+  double n = k[kN], Fk0 = k[kF] * k0, rho0k0 = k[kRho0] * k0;
   for (int32_t i = 0; i < count; ++i) {
     double* p = coords + 2 * i;
     double dlam = gx_delta_fast(p[0] - lam0);
-    double rho = std::pow(cone_t(e2, cone_clamp(p[1]), table), n) * F;
-    double theta = dlam * n;
-    p[0] = std::sin(theta) * rho * k0;
-    p[1] = (rho0 - std::cos(theta) * rho) * k0;
+    double rho_k0 = std::exp(-n * cone_minus_log_t(e, cone_clamp(p[1]))) * Fk0;
+    gx_angle theta = gx_angle_of(dlam * n);
+    p[0] = theta.sin * rho_k0;
+    p[1] = rho0k0 - theta.cos * rho_k0;
   }
   return count;
 }
@@ -106,14 +112,14 @@ int32_t cone_inverse(const double* sphere, const double* parms, const double* k,
     double rho = gx_hypot(xs, dy);
     if (n < 0) rho = -rho;
     double theta = n > 0 ? std::atan2(xs, dy) : std::atan2(-xs, -dy);
-    double chi = GX_HALFPI - 2 * std::atan(std::pow(rho * rF, rn));
+    gx_angle chi = gx_angle_from_half_tangent(std::pow(rho * rF, rn));
     double dlam = theta * rn;
     // On the antimeridian of a run centred on Greenwich, a rounding excess
     // over pi must not flip the point to the other side.
     if (lam0 == 0.0 && std::fabs(dlam) > GX_PI && std::fabs(dlam) - GX_PI < 1e-15)
       dlam = std::copysign(GX_PI, dlam);
     p[0] = gx_delta_fast(dlam + lam0);
-    p[1] = gx_chi_to_phi_c(e2, chi, table);
+    p[1] = gx_chi_to_phi_a(e2, chi, table).rad;
   }
   return count;
 }

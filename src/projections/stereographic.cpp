@@ -49,7 +49,18 @@ struct polar_rows {
   double lam0;
 };
 
+// tan(pi/4 - chi/2) for a northern row, tan(pi/4 + chi/2) for a southern:
+// exp(-psi) and exp(psi) of the isometric latitude.  The poles keep the
+// tangents of chi = phi, which give the centre exactly.
+double polar_tangent(bool north, double e, double phi) {
+  if (gx_is_halfpi(phi))
+    return north ? std::tan(GX_QUARTERPI - phi / 2.0) : std::tan(phi / 2.0 + GX_QUARTERPI);
+  double psi = gx_isometric_of(e, gx_angle_of(phi));
+  return std::exp(north ? -psi : psi);
+}
+
 void polar_forward(const polar_rows& f, int32_t n, double* coords) {
+  double e = std::sqrt(f.e2);
   for (int32_t i = 0; i < n; ++i) {
     double* p = coords + 2 * i;
     double dlam = gx_delta_fast(p[0] - f.lam0);
@@ -59,26 +70,22 @@ void polar_forward(const polar_rows& f, int32_t n, double* coords) {
       r = (f.north ? std::tan(GX_QUARTERPI - phi / 2.0) : std::tan(phi / 2.0 + GX_QUARTERPI)) *
           f.a2;
     } else {
-      double chi = gx_phi_to_chi_c(f.e2, p[1], f.table);
-      r = (f.north ? std::tan(GX_QUARTERPI - chi / 2.0) : std::tan(chi / 2.0 + GX_QUARTERPI)) /
-          f.q * f.a2;
+      r = polar_tangent(f.north, e, p[1]) / f.q * f.a2;
     }
     gx_polar_point(f.north, dlam, r, p);
   }
 }
 
-// The latitude of a point at distance rho from the pole.  `mirrored` takes
-// a southern latitude as the negative of the northern one (the polar forms);
-// otherwise the south has a conformal latitude of its own (Stereographic).
-double polar_latitude(const polar_rows& f, double rho, bool mirrored) {
+// The latitude of a point at distance rho from the pole; the south's is the
+// negative of the north's, the conformal latitude being odd in phi.
+double polar_latitude(const polar_rows& f, double rho) {
   if (f.sphere) {
     double ce = 2.0 * std::atan(rho / f.a2);
     return f.north ? std::asin(std::cos(ce)) : -std::asin(std::cos(ce));
   }
-  double t = (rho / f.a2) * f.q;
-  if (f.north) return gx_chi_to_phi_c(f.e2, GX_HALFPI - 2.0 * std::atan(t), f.table);
-  if (mirrored) return -gx_chi_to_phi_c(f.e2, GX_HALFPI - 2.0 * std::atan(t), f.table);
-  return gx_chi_to_phi_c(f.e2, 2.0 * std::atan(t) - GX_HALFPI, f.table);
+  gx_angle chi = gx_angle_from_half_tangent((rho / f.a2) * f.q);
+  double phi = gx_chi_to_phi_a(f.e2, chi, f.table).rad;
+  return f.north ? phi : -phi;
 }
 
 // ---- Stereographic: per point ------------------------------------------------
@@ -101,12 +108,9 @@ void sphere_forward(gx_aspect aspect, const double* k, double lam0, double* p) {
 }
 
 void ellipsoid_forward(gx_aspect aspect, double e2, const double* k, double lam0, double* p) {
-  double dlam = gx_delta_fast(p[0] - lam0);
-  double chi = gx_phi_to_chi_c(e2, p[1], k + kChiTable);
-  double sc = std::sin(chi);
-  double cc = std::cos(chi);
-  double sd = std::sin(dlam);
-  double cd = std::cos(dlam);
+  gx_angle dlam = gx_angle_of(gx_delta_fast(p[0] - lam0));
+  gx_angle chi = gx_phi_to_chi_a(e2, gx_angle_of(p[1]), k + kChiTable);
+  double sc = chi.sin, cc = chi.cos, sd = dlam.sin, cd = dlam.cos;
   if (aspect == GX_ASPECT_EQUATOR) {
     double A = k[kA2] / (cd * cc + 1.0);
     p[0] = sd * cc * A;
@@ -118,39 +122,44 @@ void ellipsoid_forward(gx_aspect aspect, double e2, const double* k, double lam0
   p[1] = (sc * k[kCosChi0] - cc * cd * k[kSinChi0]) * A;
 }
 
-// The sphere's inverse of a point at rho > 0, to dlam and phi; the polar
-// aspects are done by the polar rows.
-void sphere_inverse(gx_aspect aspect, const double* k, double rho, double* p) {
+// The inverse of a point at rho > 0 from the centre, on the sphere or the
+// conformal sphere, to dlam and the (conformal) latitude.  The angle ce =
+// 2 atan(u) from the centre comes with its sine and cosine from u itself,
+// as the complement pi/2 - 2 atan(u).  Turning the point back from the
+// centre (sine and cosine of its latitude s0, c0) gives rho times its
+// direction: `up` along the axis, `east` and `north` across it.  The
+// latitude is the atan2 of up over the length across, not an asin of up,
+// so that it stays exact beside the poles, and its sine and cosine are the
+// same two components over rho.
+gx_angle azimuthal_inverse(double u, double s0, double c0, double rho, double* p) {
   double x = p[0];
   double y = p[1];
-  double ce = 2.0 * std::atan(rho / k[kA2]);
-  double sce = std::sin(ce);
-  double cce = std::cos(ce);
-  if (aspect == GX_ASPECT_EQUATOR) {
-    p[1] = std::asin((y / rho) * sce);
-    p[0] = std::atan2(sce * x, cce * rho);
-    return;
-  }
-  p[1] = std::asin((y / rho) * sce * k[kCos0] + cce * k[kSin0]);
-  p[0] = std::atan2(sce * x, cce * rho * k[kCos0] - sce * y * k[kSin0]);
+  gx_angle ce_complement = gx_angle_from_half_tangent(u);
+  double sce = ce_complement.cos, cce = ce_complement.sin;
+  double up = y * sce * c0 + cce * rho * s0;
+  double east = sce * x, north = cce * rho * c0 - sce * y * s0;
+  double across = gx_hypot(east, north), r = 1.0 / rho;
+  p[0] = std::atan2(east, north);
+  return gx_angle{std::atan2(up, across), up * r, across * r};
 }
 
-// The ellipsoid's inverse to dlam and the conformal latitude.
-void ellipsoid_inverse(gx_aspect aspect, const double* k, double rho, double* p) {
-  double x = p[0];
-  double y = p[1];
+// The sphere's inverse; the polar aspects are done by the polar rows.
+void sphere_inverse(gx_aspect aspect, const double* k, double rho, double* p) {
+  bool equator = aspect == GX_ASPECT_EQUATOR;
+  double s0 = equator ? 0.0 : k[kSin0], c0 = equator ? 1.0 : k[kCos0];
+  p[1] = azimuthal_inverse(rho / k[kA2], s0, c0, rho, p).rad;
+}
+
+// The ellipsoid's inverse, through the conformal latitude.
+void ellipsoid_inverse(gx_aspect aspect, double e2, const double* k, double rho, double* p) {
+  gx_angle chi;
   if (aspect == GX_ASPECT_EQUATOR) {
-    double ce = 2.0 * std::atan(rho / k[kA2]);
-    double sce = std::sin(ce);
-    p[1] = std::asin((y / rho) * sce);
-    p[0] = std::atan2(sce * x, std::cos(ce) * rho);
-    return;
+    chi = azimuthal_inverse(rho / k[kA2], 0.0, 1.0, rho, p);
+  } else {
+    double u = rho * k[kCosChi0] / (k[kM0] * k[kA2]);
+    chi = azimuthal_inverse(u, k[kSinChi0], k[kCosChi0], rho, p);
   }
-  double ce = 2.0 * std::atan(rho * k[kCosChi0] / (k[kM0] * k[kA2]));
-  double sce = std::sin(ce);
-  double cce = std::cos(ce);
-  p[1] = std::asin((y / rho) * sce * k[kCosChi0] + cce * k[kSinChi0]);
-  p[0] = std::atan2(sce * x, cce * rho * k[kCosChi0] - sce * y * k[kSinChi0]);
+  p[1] = gx_chi_to_phi_a(e2, chi, k + kChiTable).rad;
 }
 
 polar_rows stereographic_polar(gx_aspect aspect, const double* sphere, const double* parms,
@@ -238,7 +247,7 @@ int32_t polar_form_inverse(bool north, const double* sphere, const double* parms
   for (int32_t i = 0; i < n; ++i) {
     double* p = coords + 2 * i;
     double rho = gx_hypot(p[0], p[1]);
-    double phi = polar_latitude(f, rho, true);
+    double phi = polar_latitude(f, rho);
     p[0] = gx_delta_fast(gx_polar_dlam(north, p[0], p[1]) + f.lam0);
     p[1] = phi;
   }
@@ -450,14 +459,13 @@ int32_t gx_stereographic_inverse(const double* sphere, double* parms, int32_t n,
       continue;
     }
     if (gx_azimuthal_polar(f.aspect)) {
-      double phi = polar_latitude(polar, rho, false);
+      double phi = polar_latitude(polar, rho);
       p[0] = gx_polar_dlam(polar.north, p[0], p[1]);
       p[1] = phi;
     } else if (f.sphere) {
       sphere_inverse(f.aspect, k, rho, p);
     } else {
-      ellipsoid_inverse(f.aspect, k, rho, p);
-      p[1] = gx_chi_to_phi_c(sphere[1], p[1], k + kChiTable);
+      ellipsoid_inverse(f.aspect, sphere[1], k, rho, p);
     }
     p[0] = gx_delta_fast(p[0] + f.lam0);
   }
