@@ -78,26 +78,32 @@ inline gx_angle gx_mu_to_phi_a(double e2, const gx_angle& mu, const double* tabl
   return gx_latitude_turned<GX_SERIES_INVERSE_AT, gx_mu_to_phi_c>(e2, mu, table);
 }
 
+// artanh(x) / x for |x| below sqrt(GX_SERIES_LIMIT) by its even power
+// series, whose terms beyond the eighth stay below 1e-19 there; the
+// runtime's artanh above.
+inline double gx_artanh_ratio(double x) {
+  double x2 = x * x;
+  if (x2 >= GX_SERIES_LIMIT) return std::atanh(x) / x;
+  constexpr double k3 = 1.0 / 3, k5 = 1.0 / 5, k7 = 1.0 / 7, k9 = 1.0 / 9, k11 = 1.0 / 11,
+                   k13 = 1.0 / 13, k15 = 1.0 / 15, k17 = 1.0 / 17;
+  return 1.0 + x2 * (k3 + x2 * (k5 + x2 * (k7 + x2 * (k9 + x2 * (k11 + x2 * (k13 + x2 * (k15 + x2 * k17)))))));
+}
+
 // The isometric latitude psi = ln tan(pi/4 + chi/2) = asinh(tan phi) -
 // e atanh(e sin phi) of a latitude between the poles, from its sine and
 // cosine and the eccentricity e (0 or below sqrt(GX_EPS) for a sphere, where
 // it is asinh(tan phi)): what the conformal projections take the
-// exponential of.  Mirrored, so that 1 + sin phi never cancels; below
-// GX_SERIES_LIMIT the artanh is its odd power series, whose terms beyond
-// the eighth stay below 1e-19.
+// exponential of.  Mirrored, so that 1 + sin phi never cancels.
 inline double gx_isometric_of(double e, const gx_angle& phi) {
-  double s = std::fabs(phi.sin), es = e * s, x2 = es * es;
-  double artanh;
-  if (e * e < GX_EPS) {
-    artanh = 0.0;  // a sphere: chi is phi
-  } else if (e * e < GX_SERIES_LIMIT) {
-    constexpr double k3 = 1.0 / 3, k5 = 1.0 / 5, k7 = 1.0 / 7, k9 = 1.0 / 9, k11 = 1.0 / 11,
-                     k13 = 1.0 / 13, k15 = 1.0 / 15, k17 = 1.0 / 17;
-    double tail = k3 + x2 * (k5 + x2 * (k7 + x2 * (k9 + x2 * (k11 + x2 * (k13 + x2 * (k15 + x2 * k17))))));
-    artanh = es + es * x2 * tail;
-  } else {
-    artanh = std::atanh(es);
-  }
-  double psi = std::log((1.0 + s) / phi.cos) - e * artanh;
+  double s = std::fabs(phi.sin);
+  double log_tan = std::log((1.0 + s) / phi.cos);
+  double psi = e * e < GX_EPS ? log_tan : log_tan - e * e * s * gx_artanh_ratio(e * s);
   return phi.sin < 0.0 ? -psi : psi;
+}
+
+// The authalic q(phi) = (1 - e2) (s / (1 - e2 s^2) + artanh(e s) / e) from
+// s = sin phi on an ellipsoid (e2 at or above GX_EPS): q / qp is the sine of
+// the authalic latitude, qp being q at the pole.
+inline double gx_authalic_q_of(double e, double e2, double s) {
+  return (1.0 - e2) * s * (1.0 / (1.0 - e2 * s * s) + gx_artanh_ratio(e * s));
 }

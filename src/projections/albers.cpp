@@ -33,10 +33,10 @@ void cone_setup_sphere(const double* sphere, const double* parms, double* k) {
   k[kN] = n;
 }
 
-// q(p) = sin(beta(p)) * qp, and the unit radius of the parallel p.
-double ellipsoid_q(double e2, double p, double qp, const double* table) {
-  return std::sin(gx_phi_to_beta_c(e2, p, table)) * qp;
-}
+// q(p) = sin(beta(p)) * qp, in closed form from sin p (set-up and points
+// alike, so the parallel of origin gives rho0 exactly), and the unit radius
+// of the parallel p.
+double ellipsoid_q(double e2, double p) { return gx_authalic_q_of(std::sqrt(e2), e2, std::sin(p)); }
 double ellipsoid_m(double e2, double p) { return std::cos(p) / gx_w(e2, p); }
 
 void cone_setup(const double* sphere, const double* parms, int mask, double* k) {
@@ -52,11 +52,11 @@ void cone_setup(const double* sphere, const double* parms, int mask, double* k) 
   gx_beta_series_init(e2, table, mask);
   double e = std::sqrt(e2);
   double qp = 1 - ((1 - e2) / (2 * e)) * std::log((1 - e) / (1 + e));
-  double q1 = ellipsoid_q(e2, phi1, qp, table), q2 = ellipsoid_q(e2, phi2, qp, table);
+  double q1 = ellipsoid_q(e2, phi1), q2 = ellipsoid_q(e2, phi2);
   double m1 = ellipsoid_m(e2, phi1), m2 = ellipsoid_m(e2, phi2);
   double n = gx_eq(q1, q2) ? std::sin(phi1) : (m1 * m1 - m2 * m2) / (q2 - q1);
   double C = m1 * m1 + n * q1;
-  k[kRho0] = std::sqrt(C - n * ellipsoid_q(e2, phi0, qp, table)) / n * a;
+  k[kRho0] = std::sqrt(C - n * ellipsoid_q(e2, phi0)) / n * a;
   k[kC] = C;
   k[kN] = n;
   k[kQp] = qp;
@@ -64,21 +64,20 @@ void cone_setup(const double* sphere, const double* parms, int mask, double* k) 
 
 int32_t cone_forward(const double* sphere, const double* parms, const double* k, int32_t count,
                      double* coords) {
-  double a = sphere[0], e2 = sphere[1];
+  double a = sphere[0], e2 = sphere[1], e = std::sqrt(e2);
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  double rho0 = k[kRho0], C = k[kC], n = k[kN];
+  double rho0 = k[kRho0], C = k[kC], n = k[kN], a_over_n = a / n;
   bool on_sphere = gx_is_sphere(sphere);
-  double qp = on_sphere ? kSphereQp : k[kQp];
-  const double* table = k + kTable;
   for (int32_t i = 0; i < count; ++i) {
     double* p = coords + 2 * i;
     double dlam = gx_delta_fast(p[0] - lam0);
-    double q = on_sphere ? 2 * std::sin(p[1]) : ellipsoid_q(e2, p[1], qp, table);
+    double sin_phi = std::sin(p[1]);
+    double q = on_sphere ? 2 * sin_phi : gx_authalic_q_of(e, e2, sin_phi);
     // Beyond the cone's reach the root is of a negative number: NaN.
-    double rho = std::sqrt(C - n * q) / n * a;
-    double theta = dlam * n;
-    p[0] = std::sin(theta) * rho;
-    p[1] = rho0 - std::cos(theta) * rho;
+    double rho = std::sqrt(C - n * q) * a_over_n;
+    gx_angle theta = gx_angle_of(dlam * n);
+    p[0] = theta.sin * rho;
+    p[1] = rho0 - theta.cos * rho;
   }
   return count;
 }
@@ -104,7 +103,7 @@ int32_t cone_inverse(const double* sphere, const double* parms, const double* k,
     if (std::fabs(s) > 1) s = std::copysign(1.0, s);
     double lam = gx_delta_fast(theta * rn + lam0);
     p[0] = std::fabs(lam) <= GX_EPS ? 0.0 : lam;
-    p[1] = on_sphere ? std::asin(s) : gx_beta_to_phi_c(e2, std::asin(s), table);
+    p[1] = on_sphere ? std::asin(s) : gx_beta_to_phi_a(e2, gx_angle_of_sine(s), table).rad;
   }
   return count;
 }
