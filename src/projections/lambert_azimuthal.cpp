@@ -71,20 +71,27 @@ void sphere_forward(gx_aspect aspect, double a, const double* k, double dlam, do
 }
 
 void ellipsoid_forward(gx_aspect aspect, double e2, const double* k, double dlam, double* p) {
-  double beta = gx_phi_to_beta_c(e2, p[1], k + kBetaTable);
+  gx_angle beta = gx_phi_to_beta_a(e2, gx_angle_of(p[1]), k + kBetaTable);
   if (gx_azimuthal_polar(aspect)) {
     bool north = aspect == GX_ASPECT_NORTH;
-    gx_polar_point(north, dlam, polar_radius(north, beta, k[kTwoRq]), p);
+    gx_polar_point(north, dlam, polar_radius(north, beta.rad, k[kTwoRq]), p);
     return;
   }
-  double sb = std::sin(beta);
-  double cb = std::cos(beta);
-  double cd = std::cos(dlam);
-  double d = cd * cb * k[kCosBeta0] + sb * k[kSinBeta0] + 1.0;
+  double sb = beta.sin, cb = beta.cos;
+  gx_angle d_lam = gx_angle_of(dlam);
+  double d = d_lam.cos * cb * k[kCosBeta0] + sb * k[kSinBeta0] + 1.0;
   if (std::fabs(d) <= GX_EPS) return gx_point_nan(p);
   double B = k[kRq] * std::sqrt(2.0 / d);
-  p[0] = B * k[kD] * cb * std::sin(dlam);
-  p[1] = (B / k[kD]) * (k[kCosBeta0] * sb - k[kSinBeta0] * cb * cd);
+  p[0] = B * k[kD] * cb * d_lam.sin;
+  p[1] = (B / k[kD]) * (k[kCosBeta0] * sb - k[kSinBeta0] * cb * d_lam.cos);
+}
+
+// The angle ce = 2 asin(t) from the centre of a point at t = rho / (2 R),
+// t at most 1, as a latitude-free gx_angle: its sine and cosine follow from
+// t without a call.
+gx_angle chord_angle(double t) {
+  if (t > 1.0) t = 1.0;
+  return gx_angle{0.0, 2.0 * t * std::sqrt((1.0 - t) * (1.0 + t)), 1.0 - 2.0 * t * t};
 }
 
 // The sphere's inverse of a point off the centre to (dlam, phi).
@@ -97,33 +104,17 @@ void sphere_inverse(gx_aspect aspect, double a, const double* k, double rho, dou
     p[0] = gx_polar_dlam(north, x, y);
     return;
   }
-  double t = rho / k[kTwoA];
-  if (t > 1.0) t = 1.0;
-  double ce = 2.0 * std::asin(t);
-  double sce = std::sin(ce);
-  double cce = std::cos(ce);
-  if (aspect == GX_ASPECT_EQUATOR) {
-    p[1] = std::asin(sce * y / rho);
-    p[0] = std::atan2(sce * x, cce * rho);
-    return;
-  }
-  p[1] = std::asin(sce * y / rho * k[kCos0] + cce * k[kSin0]);
-  p[0] = std::atan2(sce * x, cce * rho * k[kCos0] - sce * y * k[kSin0]);
+  gx_angle ce = chord_angle(rho / k[kTwoA]);
+  bool equator = aspect == GX_ASPECT_EQUATOR;
+  double s0 = equator ? 0.0 : k[kSin0], c0 = equator ? 1.0 : k[kCos0];
+  p[1] = gx_azimuthal_back(ce.sin, ce.cos, x, y, rho, s0, c0, 1.0, p).rad;
 }
 
-// The ellipsoid's inverse of a point off a polar centre to (dlam, beta); rho
-// is measured in the plane stretched by D.
-void ellipsoid_inverse(const double* k, double rho, double* p) {
-  double x = p[0];
-  double y = p[1];
-  double t = rho / k[kTwoRq];
-  if (t > 1.0) t = 1.0;
-  double ce = 2.0 * std::asin(t);
-  double sce = std::sin(ce);
-  double cce = std::cos(ce);
-  double D = k[kD];
-  p[1] = std::asin(cce * k[kSinBeta0] + D * y * sce * k[kCosBeta0] / rho);
-  p[0] = std::atan2(x * sce, D * rho * k[kCosBeta0] * cce - k[kD2] * y * k[kSinBeta0] * sce);
+// The ellipsoid's inverse of a point off a polar centre to dlam and the
+// authalic latitude; rho is measured in the plane stretched by D.
+gx_angle ellipsoid_inverse(const double* k, double rho, double* p) {
+  gx_angle ce = chord_angle(rho / k[kTwoRq]);
+  return gx_azimuthal_back(ce.sin, ce.cos, p[0], p[1], rho, k[kSinBeta0], k[kCosBeta0], k[kD], p);
 }
 
 }  // namespace
@@ -195,11 +186,10 @@ int32_t gx_lambert_azimuthal_equal_area_inverse(const double* sphere, double* pa
         bool north = f.aspect == GX_ASPECT_NORTH;
         double beta = polar_latitude(north, rho, k[kRq]);
         p[0] = gx_polar_dlam(north, p[0], p[1]);
-        p[1] = beta;
+        p[1] = gx_beta_to_phi_c(sphere[1], beta, k + kBetaTable);
       } else {
-        ellipsoid_inverse(k, rho, p);
+        p[1] = gx_beta_to_phi_a(sphere[1], ellipsoid_inverse(k, rho, p), k + kBetaTable).rad;
       }
-      p[1] = gx_beta_to_phi_c(sphere[1], p[1], k + kBetaTable);
     }
     p[0] = gx_delta_fast(p[0] + f.lam0);
   }

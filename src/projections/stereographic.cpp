@@ -125,22 +125,10 @@ void ellipsoid_forward(gx_aspect aspect, double e2, const double* k, double lam0
 // The inverse of a point at rho > 0 from the centre, on the sphere or the
 // conformal sphere, to dlam and the (conformal) latitude.  The angle ce =
 // 2 atan(u) from the centre comes with its sine and cosine from u itself,
-// as the complement pi/2 - 2 atan(u).  Turning the point back from the
-// centre (sine and cosine of its latitude s0, c0) gives rho times its
-// direction: `up` along the axis, `east` and `north` across it.  The
-// latitude is the atan2 of up over the length across, not an asin of up,
-// so that it stays exact beside the poles, and its sine and cosine are the
-// same two components over rho.
+// as the complement pi/2 - 2 atan(u).
 gx_angle azimuthal_inverse(double u, double s0, double c0, double rho, double* p) {
-  double x = p[0];
-  double y = p[1];
   gx_angle ce_complement = gx_angle_from_half_tangent(u);
-  double sce = ce_complement.cos, cce = ce_complement.sin;
-  double up = y * sce * c0 + cce * rho * s0;
-  double east = sce * x, north = cce * rho * c0 - sce * y * s0;
-  double across = gx_hypot(east, north), r = 1.0 / rho;
-  p[0] = std::atan2(east, north);
-  return gx_angle{std::atan2(up, across), up * r, across * r};
+  return gx_azimuthal_back(ce_complement.cos, ce_complement.sin, p[0], p[1], rho, s0, c0, 1.0, p);
 }
 
 // The sphere's inverse; the polar aspects are done by the polar rows.

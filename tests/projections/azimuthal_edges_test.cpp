@@ -242,18 +242,23 @@ TEST(DoubleStereographic, PolesMapToTheGaussianPoles) {
 }
 
 // Beside the pole an asin of the latitude's sine would lose half the digits
-// (1e-16 in the sine is 1.5e-8 rad there); the inverse keeps them.
-TEST(Stereographic, ObliqueInverseKeepsLatitudesBesideThePole) {
+// (1e-16 in the sine is 1.5e-8 rad there); the oblique inverses keep them.
+TEST(AzimuthalInverse, ObliqueInversesKeepLatitudesBesideThePole) {
   std::vector<Parameter> parms = {{GX_PARM_CENTRAL_MERIDIAN, 10},
                                   {GX_PARM_LATITUDE_OF_ORIGIN, 52}};
   std::vector<double> near_pole = radians({10, 89.9999999, 47, 89.99999999, -133, 89.999999,
                                            10, 90, -170, 89.9999999});
-  for (double e2 : {0.0, kWgs84E2}) {
-    double a = e2 == 0.0 ? kSphereR : kWgs84A;
-    call there = run_fn(gx_stereographic_forward, a, e2, parms, near_pole);
-    call back = run_fn(gx_stereographic_inverse, a, e2, parms, there.coords);
-    for (size_t i = 1; i < near_pole.size(); i += 2)
-      EXPECT_NEAR(back.coords[i], near_pole[i], 1e-13) << "e2 " << e2 << " point " << i / 2;
+  const std::pair<gx_projection_fn, gx_projection_fn> pairs[] = {
+      {gx_stereographic_forward, gx_stereographic_inverse},
+      {gx_lambert_azimuthal_equal_area_forward, gx_lambert_azimuthal_equal_area_inverse}};
+  for (auto [forward, inverse] : pairs) {
+    for (double e2 : {0.0, kWgs84E2}) {
+      double a = e2 == 0.0 ? kSphereR : kWgs84A;
+      call there = run_fn(forward, a, e2, parms, near_pole);
+      call back = run_fn(inverse, a, e2, parms, there.coords);
+      for (size_t i = 1; i < near_pole.size(); i += 2)
+        EXPECT_NEAR(back.coords[i], near_pole[i], 1e-13) << "e2 " << e2 << " point " << i / 2;
+    }
   }
 }
 
