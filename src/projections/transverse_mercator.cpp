@@ -21,7 +21,10 @@ constexpr int32_t kEllipsoidCount = kTable + GX_TABLE_ROOM;
 // 1 - GX_EPS keeps its x large but finite.
 constexpr double kUnitBelowOne = 0.9999999999999964;
 
-// Factorials of the series, as they stand: 1/720, 1/40320, 1/120, 1/5040.
+// Factorials of the series, as they stand: 1/24, 1/720, 1/40320, 1/6,
+// 1/120, 1/5040.
+constexpr double kP4 = 1.0 / 24;
+constexpr double kQ3 = 1.0 / 6;
 constexpr double kP6 = 0.001388888888888889;
 constexpr double kP8 = 2.48015873015873e-5;
 constexpr double kQ5 = 0.008333333333333333;
@@ -49,24 +52,27 @@ int32_t ellipsoid_forward(const double* c, const double* sphere, const double* p
                           int32_t n, double* coords) {
   const double a = sphere[0], e2 = sphere[1];
   const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], k0 = parms[GX_PARM_SCALE_FACTOR];
-  const double ep2 = c[kEp2], mu0 = c[kMu0], rect_r = c[kRectR];
+  const double ep2 = c[kEp2], mu0 = c[kMu0], rect_r = c[kRectR], ak0 = a * k0;
   const double* table = c + kTable;
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     gx_angle phi = gx_angle_of(gx_pole_clamp(p[1]));
     double L = gx_delta_fast(p[0] - lam0), L2 = L * L;
-    double s = phi.sin, cs = phi.cos, t = s / cs, t2 = t * t;
+    double s = phi.sin, cs = phi.cos;
+    // One division for both 1 / cos phi and 1 / w.
+    double w = gx_w_of_sin(e2, s), r = 1 / (w * cs);
+    double t = s * w * r, t2 = t * t;
     double eta = ep2 * cs * cs, eta2 = eta * eta, eta3 = eta2 * eta, eta4 = eta3 * eta;
-    double Nk = gx_n_of_sin(a, e2, s) * k0;
+    double Nk = ak0 * cs * r;
     double c3 = cs * cs * cs, c5 = c3 * cs * cs, c7 = c5 * cs * cs;
     double t4 = t2 * t2, t6 = t4 * t2;
     double mdist = (gx_phi_to_mu_a(e2, phi, table).rad - mu0) * rect_r * k0;
     double P2 = (Nk / 2) * cs * s;
-    double P4 = (Nk / 24) * c3 * s * (5 - t2 + 9 * eta + 4 * eta2);
+    double P4 = (Nk * kP4) * c3 * s * (5 - t2 + 9 * eta + 4 * eta2);
     double P6 = (Nk * kP6) * c5 * s *
                 (61 - 58 * t2 + t4 + 270 * eta + 445 * eta2 + 324 * eta3 + 88 * eta4 -
                  t2 * eta * (330 + 680 * eta + 600 * eta2 + 192 * eta3));
     double P8 = (Nk * kP8) * c7 * s * (1385 - 3111 * t2 + 543 * t4 - t6);
-    double Q3 = (Nk / 6) * c3 * (1 - t2 + eta);
+    double Q3 = (Nk * kQ3) * c3 * (1 - t2 + eta);
     double Q5 = (Nk * kQ5) * c5 *
                 (5 - 18 * t2 + t4 + 14 * eta + 13 * eta2 + 4 * eta3 -
                  t2 * eta * (58 + 64 * eta + 24 * eta2));
