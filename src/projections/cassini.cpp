@@ -83,18 +83,18 @@ int32_t sphere_inverse(const double* c, const double* sphere, const double* parm
 
 int32_t ellipsoid_forward(const double* c, const double* sphere, const double* parms, int32_t n,
                           double* coords) {
-  const double a = sphere[0], e2 = sphere[1];
+  const double a = sphere[0], e2 = sphere[1], ep2 = e2 / (1 - e2);
   const double k0 = parms[GX_PARM_SCALE_FACTOR], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   const double mu0 = c[kMu0], rect_r = c[kRectR];
   const double* table = c + kTable;
   for (double* p = coords; p < coords + 2 * n; p += 2) {
-    double phi = gx_pole_clamp(p[1]);
+    gx_angle phi = gx_angle_of(gx_pole_clamp(p[1]));
     double dlam = gx_delta_fast(p[0] - lam0);
-    double cs = std::cos(phi), t = std::tan(phi), T = t * t;
-    double Cc = cs * cs * e2 / (1 - e2);
-    double N = gx_n_of_sin(a, e2, std::sin(phi));
+    double cs = phi.cos, t = phi.sin / cs, T = t * t;
+    double Cc = cs * cs * ep2;
+    double N = gx_n_of_sin(a, e2, phi.sin);
     double A = cs * dlam, A2 = A * A, A3 = A2 * A, A4 = A2 * A2, A5 = A4 * A;
-    double mu = gx_phi_to_mu_c(e2, phi, table);
+    double mu = gx_phi_to_mu_a(e2, phi, table).rad;
     double x = N * (A - A3 * T * kSixth - (8 - T + 8 * Cc) * A5 * T * kOneTwentieth);
     double y = (mu - mu0) * rect_r + N * t * (A2 * 0.5 + (5 - T + 6 * Cc) * A4 * kTwentyFourth);
     p[0] = x * k0;
@@ -103,22 +103,25 @@ int32_t ellipsoid_forward(const double* c, const double* sphere, const double* p
   return n;
 }
 
+// 1 / N = w / a and N / M = w^2 / (1 - e2): no division per point but the
+// secant's.
 int32_t ellipsoid_inverse(const double* c, const double* sphere, const double* parms, int32_t n,
                           double* coords) {
   const double a = sphere[0], e2 = sphere[1];
   const double k0 = parms[GX_PARM_SCALE_FACTOR], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   const double mu0 = c[kMu0], rect_r = c[kRectR], rk = 1.0 / k0;
+  const double to_mu = 1.0 / rect_r, ra = 1.0 / a, r_one_minus_e2 = 1.0 / (1.0 - e2);
   const double* table = c + kTable;
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     double x = p[0] * rk, y = p[1] * rk;
-    double mu = y / rect_r + mu0;
-    double phi1 = gx_mu_to_phi_c(e2, mu, table);
-    double t = std::tan(phi1), T = t * t, s = std::sin(phi1);
-    double N = gx_n_of_sin(a, e2, s), M = gx_m_of_sin(a, e2, s);
-    double D = x / N, D2 = D * D, D3 = D2 * D, D4 = D2 * D2, D5 = D4 * D;
-    p[1] = phi1 - (N / M) * t * (D2 * 0.5 - (1 + 3 * T) * D4 * kTwentyFourth);
-    p[0] = gx_delta_fast((D - D3 * T * kThird + D5 * T * (1 + 3 * T) * kFifteenth) /
-                             std::cos(phi1) +
+    double mu = y * to_mu + mu0;
+    gx_angle phi1 = gx_mu_to_phi_a(e2, gx_angle_of(mu), table);
+    double s = phi1.sin, secant = 1.0 / phi1.cos, t = s * secant, T = t * t;
+    double w = gx_w_of_sin(e2, s);
+    double D = x * (w * ra), D2 = D * D, D3 = D2 * D, D4 = D2 * D2, D5 = D4 * D;
+    double N_over_M = w * w * r_one_minus_e2;
+    p[1] = phi1.rad - N_over_M * t * (D2 * 0.5 - (1 + 3 * T) * D4 * kTwentyFourth);
+    p[0] = gx_delta_fast((D - D3 * T * kThird + D5 * T * (1 + 3 * T) * kFifteenth) * secant +
                          lam0);
   }
   return n;
