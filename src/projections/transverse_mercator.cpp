@@ -61,24 +61,24 @@ int32_t ellipsoid_forward(const double* c, const double* sphere, const double* p
     // One division for both 1 / cos phi and 1 / w.
     double w = gx_w_of_sin(e2, s), r = 1 / (w * cs);
     double t = s * w * r, t2 = t * t;
-    double eta = ep2 * cs * cs, eta2 = eta * eta, eta3 = eta2 * eta, eta4 = eta3 * eta;
+    double eta = ep2 * cs * cs;
     double Nk = ak0 * cs * r;
-    double c3 = cs * cs * cs, c5 = c3 * cs * cs, c7 = c5 * cs * cs;
-    double t4 = t2 * t2, t6 = t4 * t2;
     double mdist = (gx_phi_to_mu_a(e2, phi, table).rad - mu0) * rect_r * k0;
-    double P2 = (Nk / 2) * cs * s;
-    double P4 = (Nk * kP4) * c3 * s * (5 - t2 + 9 * eta + 4 * eta2);
-    double P6 = (Nk * kP6) * c5 * s *
-                (61 - 58 * t2 + t4 + 270 * eta + 445 * eta2 + 324 * eta3 + 88 * eta4 -
-                 t2 * eta * (330 + 680 * eta + 600 * eta2 + 192 * eta3));
-    double P8 = (Nk * kP8) * c7 * s * (1385 - 3111 * t2 + 543 * t4 - t6);
-    double Q3 = (Nk * kQ3) * c3 * (1 - t2 + eta);
-    double Q5 = (Nk * kQ5) * c5 *
-                (5 - 18 * t2 + t4 + 14 * eta + 13 * eta2 + 4 * eta3 -
-                 t2 * eta * (58 + 64 * eta + 24 * eta2));
-    double Q7 = (Nk * kQ7) * c7 * (61 - 479 * t2 + 179 * t4 - t6);
-    p[1] = mdist + L2 * (P2 + L2 * (P4 + L2 * (P6 + L2 * P8)));
-    p[0] = L * (Nk * cs + L2 * (Q3 + L2 * (Q5 + L2 * Q7)));
+    // The terms of order 2k in dlam carry cos(phi)^2k: as a series in
+    // A2 = (cos(phi) dlam)^2 each bracket is a polynomial in t2 and eta.
+    double A2 = cs * cs * L2;
+    double P4 = 5 - t2 + eta * (9 + 4 * eta);
+    double P6 = 61 + t2 * (-58 + t2) + eta * (270 + eta * (445 + eta * (324 + 88 * eta))) -
+                t2 * eta * (330 + eta * (680 + eta * (600 + 192 * eta)));
+    double P8 = 1385 + t2 * (-3111 + t2 * (543 - t2));
+    double Q3 = 1 - t2 + eta;
+    double Q5 = 5 + t2 * (-18 + t2) + eta * (14 + eta * (13 + 4 * eta)) -
+                t2 * eta * (58 + eta * (64 + 24 * eta));
+    double Q7 = 61 + t2 * (-479 + t2 * (179 - t2));
+    double along = 0.5 + A2 * (P4 * kP4 + A2 * (P6 * kP6 + A2 * (P8 * kP8)));
+    double across = 1 + A2 * (Q3 * kQ3 + A2 * (Q5 * kQ5 + A2 * (Q7 * kQ7)));
+    p[1] = mdist + Nk * s * cs * L2 * along;
+    p[0] = Nk * cs * L * across;
   }
   return n;
 }
@@ -89,42 +89,32 @@ int32_t ellipsoid_inverse(const double* c, const double* sphere, const double* p
   const double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN], k0 = parms[GX_PARM_SCALE_FACTOR];
   const double ep2 = c[kEp2], mu0 = c[kMu0], rect_r = c[kRectR];
   const double* table = c + kTable;
-  // The powers of 1 / k0 and the divisors of the series' terms, once per run:
-  // the loop multiplies by reciprocals where the formulas divide.
-  const double r1 = 1 / k0, r2 = r1 * r1, r3 = r2 * r1, r4 = r3 * r1, r5 = r4 * r1,
-               r6 = r5 * r1, r7 = r6 * r1, r8 = r7 * r1;
-  const double a2 = r2 / 2, a4 = r4 / 24, a6 = r6 / 720, a8 = r8 / 40320;
-  const double b3 = r3 / 6, b5 = r5 / 120, b7 = r7 / kB7Divisor;
   const double to_mu = 1 / (rect_r * k0);
-  // 1 / N = w / a and 1 / M = w^3 / ((1 - e2) a): the radii's reciprocals
-  // without a division.
-  const double ra = 1 / a, rb = 1 / ((1.0 - e2) * a);
+  // 1 / N = w / a and N / M = w^2 / (1 - e2): the radii without a division.
+  const double r_ak0 = 1 / (a * k0), r_one_minus_e2 = 1 / (1.0 - e2);
+  constexpr double k24 = 1.0 / 24, k720 = 1.0 / 720, k40320 = 1.0 / 40320;
+  constexpr double k6 = 1.0 / 6, k120 = 1.0 / 120, k7 = 1.0 / kB7Divisor;
   for (double* p = coords; p < coords + 2 * n; p += 2) {
-    double x = p[0];
     double mu = p[1] * to_mu + mu0;
     gx_angle phi1 = gx_mu_to_phi_a(e2, gx_angle_of(mu), table);
     double s = phi1.sin, cs = phi1.cos;
     double w = gx_w_of_sin(e2, s);
-    double rcs = 1 / cs, t = s * rcs, T = t * t, T2 = T * T, T3 = T2 * T;
-    double eta = ep2 * cs * cs, eta2 = eta * eta, eta3 = eta2 * eta, eta4 = eta3 * eta;
-    double X2 = x * x;
-    double rN = w * ra, rN2 = rN * rN, rN3 = rN2 * rN, rN5 = rN3 * rN2, rN7 = rN5 * rN2;
-    double tM = t * (w * w * w * rb);
-    double A2 = tM * rN * a2;
-    double A4 = tM * (5 + 3 * T + eta * (1 - 4 * eta) - 9 * eta * T) * rN3 * a4;
-    double A6 = tM *
-                (61 + 90 * T + 45 * T2 + 46 * eta - 3 * eta2 + 100 * eta3 + 88 * eta4 +
-                 eta * T * (-252 - 66 * eta + 84 * eta2 - 192 * eta3 + T * (-90 + 225 * eta))) *
-                rN5 * a6;
-    double A8 = tM * (1385 + 3633 * T + 4095 * T2 + 1575 * T3) * rN7 * a8;
-    double B3 = (1 + 2 * T + eta) * rN3 * rcs * b3;
-    double B5 = (5 + 28 * T + 24 * T2 + 6 * eta - 3 * eta2 - 4 * eta3 +
-                 eta * T * (8 + 4 * eta + 24 * eta2)) *
-                rN5 * rcs * b5;
-    double B7 = (61 + 662 * T + 1320 * T2 + 720 * T3) * rN7 * rcs * b7;
-    p[1] = phi1.rad + X2 * (-A2 + X2 * (A4 + X2 * (-A6 + X2 * A8)));
-    double dlam = x * (rN * rcs * r1 + X2 * (-B3 + X2 * (B5 - X2 * B7)));
-    p[0] = gx_delta_fast(dlam + lam0);
+    double rcs = 1 / cs, t = s * rcs, T = t * t;
+    double eta = ep2 * cs * cs;
+    // The series in D = x / (N k0): the term of order k carries 1 / N^k.
+    double D = p[0] * w * r_ak0, D2 = D * D;
+    double A4 = 5 + 3 * T + eta * (1 - 4 * eta) - 9 * eta * T;
+    double A6 = 61 + T * (90 + 45 * T) + eta * (46 + eta * (-3 + eta * (100 + 88 * eta))) +
+                eta * T * (-252 + eta * (-66 + eta * (84 - 192 * eta)) + T * (-90 + 225 * eta));
+    double A8 = 1385 + T * (3633 + T * (4095 + 1575 * T));
+    double B3 = 1 + 2 * T + eta;
+    double B5 = 5 + T * (28 + 24 * T) + eta * (6 + eta * (-3 - 4 * eta)) +
+                eta * T * (8 + eta * (4 + 24 * eta));
+    double B7 = 61 + T * (662 + T * (1320 + 720 * T));
+    double along = 0.5 - D2 * (A4 * k24 - D2 * (A6 * k720 - D2 * (A8 * k40320)));
+    double across = 1 - D2 * (B3 * k6 - D2 * (B5 * k120 - D2 * (B7 * k7)));
+    p[1] = phi1.rad - t * (w * w * r_one_minus_e2) * D2 * along;
+    p[0] = gx_delta_fast(D * rcs * across + lam0);
   }
   return n;
 }
