@@ -68,14 +68,10 @@ double northing(const centre_run& r, const view& v) { return v.s * r.cos_c - v.c
 void from_distance(const centre_run& r, double sce, double cce, double rho, double* p) {
   double x = p[0];
   double y = p[1];
-  p[1] = std::asin((sce / rho) * y * r.cos_c + cce * r.sin_c);
-  gx_aspect aspect = gx_azimuthal_aspect(r.phic);
   double dlam;
-  if (gx_azimuthal_polar(aspect)) {
-    dlam = gx_polar_dlam(aspect == GX_ASPECT_NORTH, x, y);
-  } else {
-    dlam = std::atan2(sce * x, cce * rho * r.cos_c - sce * y * r.sin_c);
-  }
+  p[1] = gx_azimuthal_back(sce, cce, x, y, rho, r.sin_c, r.cos_c, 1.0, &dlam).rad;
+  gx_aspect aspect = gx_azimuthal_aspect(r.phic);
+  if (gx_azimuthal_polar(aspect)) dlam = gx_polar_dlam(aspect == GX_ASPECT_NORTH, x, y);
   p[0] = gx_delta_fast(dlam + r.lam0);
 }
 
@@ -271,9 +267,9 @@ int32_t gx_gnomonic_inverse(const double* sphere, double* parms, int32_t n, doub
     double ce = std::atan(rho / r.a);
     double cce = std::cos(ce);
     if (!(cce > 0.0)) return false;
-    double sce = std::sin(ce);
-    p[1] = std::asin(sce * y / rho * r.cos_c + cce * r.sin_c);
-    p[0] = gx_delta_fast(std::atan2(sce * x, cce * rho * r.cos_c - sce * y * r.sin_c) + r.lam0);
+    double sce = std::sin(ce), dlam;
+    p[1] = gx_azimuthal_back(sce, cce, x, y, rho, r.sin_c, r.cos_c, 1.0, &dlam).rad;
+    p[0] = gx_delta_fast(dlam + r.lam0);
     return true;
   });
 }

@@ -244,13 +244,18 @@ TEST(DoubleStereographic, PolesMapToTheGaussianPoles) {
 // Beside the pole an asin of the latitude's sine would lose half the digits
 // (1e-16 in the sine is 1.5e-8 rad there); the oblique inverses keep them.
 TEST(AzimuthalInverse, ObliqueInversesKeepLatitudesBesideThePole) {
+  // Each projection reads its own pair of the centre's slots.
   std::vector<Parameter> parms = {{GX_PARM_CENTRAL_MERIDIAN, 10},
-                                  {GX_PARM_LATITUDE_OF_ORIGIN, 52}};
+                                  {GX_PARM_LATITUDE_OF_ORIGIN, 52},
+                                  {GX_PARM_LONGITUDE_OF_CENTER, 10},
+                                  {GX_PARM_LATITUDE_OF_CENTER, 52}};
   std::vector<double> near_pole = radians({10, 89.9999999, 47, 89.99999999, -133, 89.999999,
                                            10, 90, -170, 89.9999999});
   const std::pair<gx_projection_fn, gx_projection_fn> pairs[] = {
       {gx_stereographic_forward, gx_stereographic_inverse},
-      {gx_lambert_azimuthal_equal_area_forward, gx_lambert_azimuthal_equal_area_inverse}};
+      {gx_lambert_azimuthal_equal_area_forward, gx_lambert_azimuthal_equal_area_inverse},
+      {gx_orthographic_forward, gx_orthographic_inverse},
+      {gx_gnomonic_forward, gx_gnomonic_inverse}};
   for (auto [forward, inverse] : pairs) {
     for (double e2 : {0.0, kWgs84E2}) {
       double a = e2 == 0.0 ? kSphereR : kWgs84A;
