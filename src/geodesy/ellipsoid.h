@@ -83,13 +83,6 @@ struct gx_angle {
 // The angle with its sine and cosine (one sincos call).
 inline gx_angle gx_angle_of(double x) { return gx_angle{x, std::sin(x), std::cos(x)}; }
 
-// |x| with its sine and cosine.  (Taken this way rather than as the angle
-// of |x|: the compiler folds cos |x| into cos x and then no longer sees one
-// sincos.)
-inline gx_angle gx_angle_abs(const gx_angle& x) {
-  return gx_angle{std::fabs(x.rad), std::fabs(x.sin), x.cos};
-}
-
 // x + d for |d| below 0.01, where the Taylor terms left out stay below
 // 1e-17: sin d to d^5, cos d - 1 to d^6.
 inline gx_angle gx_angle_turn(const gx_angle& x, double d) {

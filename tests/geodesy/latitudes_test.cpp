@@ -220,3 +220,92 @@ TEST(SeriesInit, MasksFillOnlyWhatTheBodyUses) {
 }
 
 }  // namespace
+
+// ---- angles carried with their sine and cosine --------------------------------------
+
+using angle_fn = gx_angle (*)(double, const gx_angle&, const double*);
+
+TEST(LatitudeAngles, AgreeWithTheTableFormAndCarryTheirOwnSineAndCosine) {
+  const angle_fn forward_a[] = {gx_phi_to_chi_a, gx_phi_to_beta_a, gx_phi_to_mu_a};
+  const angle_fn inverse_a[] = {gx_chi_to_phi_a, gx_beta_to_phi_a, gx_mu_to_phi_a};
+  for (double e2 : kBodies) {
+    for (int k = 0; k < 3; ++k) {
+      double table[kTableCapacity];
+      kSeries[k].init(e2, table, GX_SERIES_ALL);
+      // The inverses also meet arguments beyond the quarter turn (a
+      // rectifying latitude from a point north of the pole on the map).
+      for (double deg = -100.0; deg <= 100.0; deg += 1.25) {
+        gx_angle x = gx_angle_of(deg * kDegree);
+        const std::pair<gx_angle, double> pairs[] = {
+            {forward_a[k](e2, x, table), kSeries[k].forward_c(e2, x.rad, table)},
+            {inverse_a[k](e2, x, table), kSeries[k].inverse_c(e2, x.rad, table)}};
+        for (auto [turned, expected] : pairs) {
+          EXPECT_NEAR(turned.rad, expected, 4e-16) << kSeries[k].name << " " << e2 << " " << deg;
+          EXPECT_NEAR(turned.sin, std::sin(turned.rad), 3e-16) << kSeries[k].name << " " << deg;
+          EXPECT_NEAR(turned.cos, std::cos(turned.rad), 3e-16) << kSeries[k].name << " " << deg;
+        }
+      }
+    }
+  }
+}
+
+TEST(LatitudeAngles, FixedPointsComeBackUnchanged) {
+  double table[kTableCapacity];
+  gx_chi_series_init(kWgs84E2, table, GX_SERIES_ALL);
+  for (double latitude : {0.0, GX_HALFPI, -GX_HALFPI, GX_HALFPI_CLAMP}) {
+    gx_angle x = gx_angle_of(latitude);
+    gx_angle chi = gx_phi_to_chi_a(kWgs84E2, x, table);
+    EXPECT_EQ(chi.rad, x.rad);
+    EXPECT_EQ(chi.sin, x.sin);
+    EXPECT_EQ(chi.cos, x.cos);
+  }
+  gx_angle on_sphere = gx_phi_to_chi_a(0.0, gx_angle_of(0.7), table);
+  EXPECT_EQ(on_sphere.rad, 0.7);
+}
+
+TEST(LatitudeAngles, HalfTangentFormsOverTheWholeRange) {
+  for (double t : {0.0, 1e-300, 1e-9, 0.3, 1.0, 1.0000001, 7.0, 1e9, 1e200, 1e308}) {
+    gx_angle chi = gx_angle_from_half_tangent(t);
+    EXPECT_EQ(chi.rad, GX_HALFPI - 2.0 * std::atan(t)) << t;
+    EXPECT_NEAR(chi.sin, std::sin(chi.rad), 3e-16) << t;
+    EXPECT_NEAR(chi.cos, std::cos(chi.rad), 3e-16) << t;
+  }
+  gx_angle at_infinity = gx_angle_from_half_tangent(INFINITY);
+  EXPECT_EQ(at_infinity.sin, -1.0);
+  EXPECT_EQ(at_infinity.cos, 0.0);
+  EXPECT_TRUE(std::isnan(gx_angle_from_half_tangent(NAN).sin));
+  for (double v : {-1.0, -0.5, 0.0, 0.9999999, 1.0}) {
+    gx_angle a = gx_angle_of_sine(v);
+    EXPECT_NEAR(a.cos, std::cos(a.rad), 3e-16) << v;
+  }
+}
+
+TEST(LatitudeAngles, TurnByASmallAngleMatchesTheRuntime) {
+  for (double x : {-3.0, -1.2, 0.0, 0.4, 1.5707, 2.9}) {
+    for (double d : {-0.01, -0.0035, -1e-9, 0.0, 2e-7, 0.0026, 0.01}) {
+      gx_angle turned = gx_angle_turn(gx_angle_of(x), d);
+      EXPECT_EQ(turned.rad, x + d);
+      EXPECT_NEAR(turned.sin, std::sin(x + d), 3e-16) << x << " " << d;
+      EXPECT_NEAR(turned.cos, std::cos(x + d), 3e-16) << x << " " << d;
+    }
+  }
+}
+
+// The isometric latitude against asinh(tan phi) - e atanh(e sin phi), and
+// the authalic q against its defining logarithm, on bodies on both sides of
+// the series limit.
+TEST(LatitudeAngles, IsometricAndAuthalicQAgreeWithTheirClosedForms) {
+  for (double e2 : {kWgs84E2, GX_SERIES_LIMIT * 0.999, 0.1}) {
+    double e = std::sqrt(e2);
+    for (double deg = -89.5; deg <= 89.5; deg += 0.5) {
+      double phi = deg * kDegree, s = std::sin(phi);
+      double psi = std::asinh(std::tan(phi)) - e * std::atanh(e * s);
+      EXPECT_NEAR(gx_isometric_of(e, gx_angle_of(phi)), psi, 4e-15 * (1 + std::fabs(psi))) << deg;
+      double q = (1 - e2) * (s / (1 - e2 * s * s) - std::log((1 - e * s) / (1 + e * s)) / (2 * e));
+      EXPECT_NEAR(gx_authalic_q_of(e, e2, s), q, 2e-15) << e2 << " " << deg;
+    }
+  }
+  // A sphere: asinh(tan phi), with chi = phi.
+  EXPECT_NEAR(gx_isometric_of(0.0, gx_angle_of(0.9)), std::asinh(std::tan(0.9)), 4e-16);
+  EXPECT_EQ(gx_isometric_of(0.0, gx_angle_of(0.0)), 0.0);
+}
