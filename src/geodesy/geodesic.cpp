@@ -3,10 +3,11 @@
 // the sphere.
 //
 // Every problem starts from an origin (geodesic.h): the body's derived values
-// and the first point's latitude, its reduced latitude on the ellipsoid, taken
-// once.  The passes of the iterations then take one sine and cosine pair and
-// (in the inverse) one arctangent each; everything that depends only on the
-// body or on the pair of points is computed before the loop.
+// and the sine and cosine of the first point's latitude (its reduced latitude
+// on the ellipsoid), taken once.  What depends only on the body or on the
+// pair of points is computed before the loops; inside them, once an iteration
+// has nearly settled, sines, cosines and arcs come from the last ones that the
+// runtime evaluated, by the sum formulas (angles near a settled value, below).
 #include "geodesy/geodesic.h"
 
 #include <cmath>
@@ -22,7 +23,7 @@ constexpr int kDirectSafetyCap = 10000;
 
 // cos of exactly +-pi/2 and sin of exactly +-pi are 0, not the runtime's
 // 6e-17 and 1.2e-16: poles and antipodes then give exact zeros.  Every sine
-// and cosine of an angle in this file goes through these.
+// and cosine of an angle in this file keeps these zeros.
 double exact_cos(double x) { return std::fabs(x) == GX_HALFPI ? 0.0 : std::cos(x); }
 double exact_sin(double x) { return std::fabs(x) == GX_PI ? 0.0 : std::sin(x); }
 
@@ -40,17 +41,62 @@ SinCos exact_sincos(double x) {
   return r;
 }
 
-// exact_sincos of y from exact_sincos of x, for y the end of the last step of
-// a settled iteration: d = y - x is below 1e-13, so cos d is 1 and sin d is d
-// to double precision and the sum formulas need no runtime call.
-SinCos exact_sincos_after_step(SinCos at_x, double x, double y) {
-  double d = y - x;
-  if (d == 0.0) return at_x;
-  SinCos r{at_x.sin + at_x.cos * d, at_x.cos - at_x.sin * d};
-  double m = std::fabs(y);
+// ---- angles near a settled value --------------------------------------------
+//
+// Once an iteration has nearly settled, each pass moves its angle by less
+// than kNearStep.  Its sine and cosine, or its arctangent, then come from those
+// of the last angle that the runtime evaluated (the anchor) by the sum
+// formulas and series of a few terms, which hold to well below a unit in the
+// last place over such a step.  Every pass steps from the anchor, not from
+// the pass before, so the rounding of one pass does not carry into the next.
+constexpr double kNearStep = 1.0 / 256;
+
+struct SinCosAnchor {
+  double angle = NAN;  // none yet: the first call evaluates
+  SinCos at{NAN, NAN};
+};
+
+// exact_sincos(x), from the anchor when x lies within kNearStep of it;
+// otherwise x becomes the anchor.  With |d| at most 1/256, the first terms
+// that the series of sin d and cos d leave out are below 1e-17.
+inline SinCos sincos_near(SinCosAnchor& anchor, double x) {
+  double d = x - anchor.angle;
+  if (d == 0.0) return anchor.at;
+  if (!(std::fabs(d) <= kNearStep)) {
+    anchor = SinCosAnchor{x, exact_sincos(x)};
+    return anchor.at;
+  }
+  double d2 = d * d;
+  double sin_d = d - d * d2 * (1.0 / 6.0 - d2 * (1.0 / 120.0));
+  double cos_d = 1.0 - d2 * (0.5 - d2 * (1.0 / 24.0));
+  SinCos r{anchor.at.sin * cos_d + anchor.at.cos * sin_d,
+           anchor.at.cos * cos_d - anchor.at.sin * sin_d};
+  double m = std::fabs(x);
   if (m == GX_PI) r.sin = 0.0;
   if (m == GX_HALFPI) r.cos = 0.0;
   return r;
+}
+
+struct ArcAnchor {
+  double angle = NAN;
+  double sin = NAN, cos = NAN;
+};
+
+// atan2(s, c), from the anchor when the arc lies within kNearStep of it;
+// otherwise the runtime's atan2 and a new anchor.  Both (s, c) and the
+// anchor's pair are of unit length to rounding, so s c_a - c s_a is the sine
+// of the step and c c_a + s s_a its cosine; the step is the arcsine of that
+// sine, by its series, when the cosine is positive.
+double arc_near(ArcAnchor& anchor, double s, double c) {
+  double sin_step = s * anchor.cos - c * anchor.sin;
+  double cos_step = c * anchor.cos + s * anchor.sin;
+  if (std::fabs(sin_step) <= kNearStep && cos_step > 0.0) {
+    double x2 = sin_step * sin_step;
+    return anchor.angle +
+           sin_step * (1.0 + x2 * (1.0 / 6.0 + x2 * (3.0 / 40.0 + x2 * (5.0 / 112.0))));
+  }
+  anchor = ArcAnchor{std::atan2(s, c), s, c};
+  return anchor.angle;
 }
 
 // gx_delta, without its fmod for an angle within one turn either way: fmod
@@ -308,42 +354,36 @@ void ellipsoid_distance(const Inverse& in) {
   double two_sin1sin2 = 2.0 * u.sin1sin2;
   double lambda = in.L;
   double sigma, sin_sigma, cos_sigma, cos2_alpha, cos_2sigma_m;
-  SinCos l;
+  SinCosAnchor longitude;
+  ArcAnchor arc_anchor;
   for (int pass = 1;; ++pass) {
-    l = exact_sincos(lambda);
+    SinCos l = sincos_near(longitude, lambda);
     Arc arc = arc_of(u, l);
     sin_sigma = arc_sine(arc);
     cos_sigma = u.sin1sin2 + u.cos1cos2 * l.cos;
     if (sin_sigma == 0.0) return antipodal_distance(in, u);
-    sigma = std::atan2(sin_sigma, cos_sigma);
+    sigma = arc_near(arc_anchor, sin_sigma, cos_sigma);
     double sin_alpha = (arc.east / sin_sigma) * u.cos1;
+    // (cos(asin(sin alpha)))^2 without the trigonometry: exactly 0 where
+    // sin(alpha) is +-1.  No guard for that: on the equator this is 0/0.
     cos2_alpha = (1.0 - sin_alpha) * (1.0 + sin_alpha);
-    // No guard for cos^2(alpha) = 0: on the equator this is 0/0.
     cos_2sigma_m = cos_sigma - two_sin1sin2 / cos2_alpha;
     double C = vincenty_c(cos2_alpha, o.f);
-    double next = in.L + longitude_arc(C, sigma, sin_sigma, cos_sigma, cos_2sigma_m) * (1.0 - C) *
-                             sin_alpha * o.f;
+    double next = in.L + longitude_arc(C, sigma, sin_sigma, cos_sigma, cos_2sigma_m) *
+                             ((1.0 - C) * sin_alpha * o.f);
     if (std::fabs(next) > GX_PI && pass > kAntipodalSwitchPasses) return antipodal_distance(in, u);
     bool settled = equal(lambda, next);
     // A NaN (0/0 above, or a NaN argument) never settles and every later
     // pass would give NaN again: stopping here returns the same NaNs.
     bool undefined = std::isnan(next);
-    double previous = lambda;
     lambda = next;
-    if (settled) {
-      l = exact_sincos_after_step(l, previous, lambda);
-      break;
-    }
-    if (undefined || pass > kVincentyPasses) {
-      l = exact_sincos(lambda);
-      break;
-    }
+    if (settled || undefined || pass > kVincentyPasses) break;
   }
   if (in.distance) {
     Series s = series_of(cos2_alpha, o.ep2);
     *in.distance = o.b * s.A * (sigma - delta_sigma(s, sin_sigma, cos_sigma, cos_2sigma_m));
   }
-  if (wants_azimuths(in)) store_azimuths(in, u, l);
+  if (wants_azimuths(in)) store_azimuths(in, u, sincos_near(longitude, lambda));
 }
 
 // ---- direct problem ------------------------------------------------------------------
@@ -396,24 +436,19 @@ void ellipsoid_coordinate(const gx_geodesic_origin& o, double lambda1, double di
   Series s = series_of(cos2_alpha, o.ep2);
   double first = distance / (s.A * o.b);
   double sigma = first;
-  SinCos sg = exact_sincos(sigma);
-  double cos_2sigma_m;
+  SinCosAnchor arc;
   for (int pass = 1;; ++pass) {
+    SinCos sg = sincos_near(arc, sigma);
     // cos 2sigma_m = cos(2 sigma1 + sigma), by the sum formula.
-    cos_2sigma_m = two_sigma1.cos * sg.cos - two_sigma1.sin * sg.sin;
+    double cos_2sigma_m = two_sigma1.cos * sg.cos - two_sigma1.sin * sg.sin;
     double next = first + delta_sigma(s, sg.sin, sg.cos, cos_2sigma_m);
     bool settled = equal(sigma, next);
-    double previous = sigma;
     sigma = next;
-    if (settled) {
-      sg = exact_sincos_after_step(sg, previous, sigma);
-      break;
-    }
-    sg = exact_sincos(sigma);
     // A NaN never settles, and every later pass would give NaN again.
-    if (std::isnan(sigma) || pass == kDirectSafetyCap) break;
+    if (settled || std::isnan(sigma) || pass == kDirectSafetyCap) break;
   }
-  cos_2sigma_m = two_sigma1.cos * sg.cos - two_sigma1.sin * sg.sin;
+  SinCos sg = sincos_near(arc, sigma);
+  double cos_2sigma_m = two_sigma1.cos * sg.cos - two_sigma1.sin * sg.sin;
   if (lambda2) {
     double lambda = std::atan2(sg.sin * az.sin, cos_u1 * sg.cos - sin_u1 * sg.sin * az.cos);
     double C = vincenty_c(cos2_alpha, o.f);
