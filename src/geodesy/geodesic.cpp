@@ -388,9 +388,10 @@ void ellipsoid_distance(const Inverse& in) {
 
 // ---- direct problem ------------------------------------------------------------------
 
+// `azimuth` is read by the pole rule alone; everything else reads its sine
+// and cosine, `az`.
 void sphere_coordinate(const gx_geodesic_origin& o, double lambda1, double distance,
-                       double azimuth, double* lambda2, double* phi2) {
-  SinCos az = exact_sincos(azimuth);
+                       double azimuth, SinCos az, double* lambda2, double* phi2) {
   double sigma = distance / o.a;
   SinCos sg = exact_sincos(sigma);
   double sin_phi = o.sin1, cos_phi = o.cos1;
@@ -427,8 +428,7 @@ SinCos double_start_arc(double sin_u1, double cos_u1, double cos_az) {
 }
 
 void ellipsoid_coordinate(const gx_geodesic_origin& o, double lambda1, double distance,
-                          double azimuth, double* lambda2, double* phi2) {
-  SinCos az = exact_sincos(azimuth);
+                          SinCos az, double* lambda2, double* phi2) {
   double sin_u1 = o.sin1, cos_u1 = o.cos1;
   SinCos two_sigma1 = double_start_arc(sin_u1, cos_u1, az.cos);
   double sin_alpha = cos_u1 * az.sin;
@@ -459,6 +459,18 @@ void ellipsoid_coordinate(const gx_geodesic_origin& o, double lambda1, double di
     double across = sin_u1 * sg.sin - cos_u1 * sg.cos * az.cos;
     *phi2 = std::atan2(sin_u1 * sg.cos + cos_u1 * sg.sin * az.cos,
                        (1.0 - o.f) * std::sqrt(sin_alpha * sin_alpha + across * across));
+  }
+}
+
+// The direct problem at a wrapped azimuth with its sine and cosine at hand.
+void direct(const gx_geodesic_origin& origin, double distance, double azimuth, SinCos az,
+            double* lambda2, double* phi2) {
+  // From a pole every meridian leads away: the start's longitude counts as 0.
+  double lambda1 = origin.pole ? 0.0 : origin.lambda1;
+  if (origin.sphere) {
+    sphere_coordinate(origin, lambda1, distance, azimuth, az, lambda2, phi2);
+  } else {
+    ellipsoid_coordinate(origin, lambda1, distance, az, lambda2, phi2);
   }
 }
 
@@ -505,13 +517,18 @@ void gx_geodesic_distance_from(const gx_geodesic_origin& origin, double lambda2,
 void gx_geodesic_coordinate_from(const gx_geodesic_origin& origin, double distance,
                                  double azimuth, double* lambda2, double* phi2) {
   azimuth = wrap(azimuth);
-  // From a pole every meridian leads away: the start's longitude counts as 0.
-  double lambda1 = origin.pole ? 0.0 : origin.lambda1;
-  if (origin.sphere) {
-    sphere_coordinate(origin, lambda1, distance, azimuth, lambda2, phi2);
-  } else {
-    ellipsoid_coordinate(origin, lambda1, distance, azimuth, lambda2, phi2);
-  }
+  direct(origin, distance, azimuth, exact_sincos(azimuth), lambda2, phi2);
+}
+
+void gx_geodesic_coordinate_toward(const gx_geodesic_origin& origin, double distance,
+                                   double east, double north, double* lambda2, double* phi2) {
+  // The zeros that exact_sin and exact_cos give at atan2(east, north): cos of
+  // +-pi/2 is +0, and so is sin of +-pi.
+  if (north == 0.0) north = 0.0;
+  if (east == 0.0 && north < 0.0) east = 0.0;
+  // Only the sphere's pole rule reads the angle itself.
+  double azimuth = origin.sphere ? std::atan2(east, north) : 0.0;
+  direct(origin, distance, azimuth, SinCos{east, north}, lambda2, phi2);
 }
 
 void gx_geodesic_distance(double a, double e2, double lambda1, double phi1, double lambda2,

@@ -115,7 +115,8 @@ void ellipsoid_inverse(gx_aspect aspect, const double* sphere, const gx_geodesic
   }
   double dlam;
   double phi;
-  gx_geodesic_coordinate_from(centre, rho, std::atan2(x, y), &dlam, &phi);
+  // Along the azimuth atan2(x, y), whose sine and cosine are x / rho and y / rho.
+  gx_geodesic_coordinate_toward(centre, rho, x / rho, y / rho, &dlam, &phi);
   p[0] = dlam;
   p[1] = phi;
   if (std::isnan(dlam) || std::isnan(phi)) gx_point_nan(p);
