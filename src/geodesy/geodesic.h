@@ -39,8 +39,9 @@ void gx_geodesic_coordinate_from(const gx_geodesic_origin& origin, double distan
 
 // gx_geodesic_coordinate_from at the azimuth atan2(east, north), given by
 // its sine `east` and cosine `north` (a direction of unit length, to
-// rounding), for a caller that holds the direction rather than the angle:
-// the same results to a unit or two in the last place of the direction's
-// sine and cosine.  Either result pointer may be null.
+// rounding), for a caller that holds the direction rather than the angle.
+// The end point agrees with gx_geodesic_coordinate_from's at that angle to a
+// unit or two in the last place, exactly along the axes.  Either result
+// pointer may be null.
 void gx_geodesic_coordinate_toward(const gx_geodesic_origin& origin, double distance,
                                    double east, double north, double* lambda2, double* phi2);
