@@ -19,6 +19,7 @@
 
 #include <cmath>
 
+#include "geodesy/geodesic.h"
 #include "projections/azimuthal.h"
 
 namespace {
@@ -59,8 +60,9 @@ void sphere_forward(gx_aspect aspect, double a, const double* k, double dlam, do
   p[1] = K * (s * k[kCos0] - cd * c * k[kSin0]) * a;
 }
 
-void ellipsoid_forward(gx_aspect aspect, const double* sphere, double phi0, const double* k,
-                       double dlam, double* p) {
+// `centre`: the geodesics' origin at (0, phi0).
+void ellipsoid_forward(gx_aspect aspect, const double* sphere, const gx_geodesic_origin& centre,
+                       const double* k, double dlam, double* p) {
   double e2 = sphere[1];
   double phi = p[1];
   if (aspect == GX_ASPECT_NORTH) {
@@ -76,7 +78,7 @@ void ellipsoid_forward(gx_aspect aspect, const double* sphere, double phi0, cons
   // and is counted like any.
   double r;
   double az;
-  gx_geodesic_distance(sphere[0], e2, 0.0, phi0, dlam, phi, &r, &az, nullptr);
+  gx_geodesic_distance_from(centre, dlam, phi, &r, &az, nullptr);
   p[0] = std::sin(az) * r;
   p[1] = std::cos(az) * r;
   if (std::isnan(p[0]) || std::isnan(p[1])) gx_point_nan(p);
@@ -99,8 +101,8 @@ void sphere_inverse(gx_aspect aspect, double a, const double* k, double rho, dou
   p[0] = std::atan2(sce * x, cce * rho * k[kCos0] - sce * y * k[kSin0]);
 }
 
-void ellipsoid_inverse(gx_aspect aspect, const double* sphere, double phi0, const double* k,
-                       double rho, double* p) {
+void ellipsoid_inverse(gx_aspect aspect, const double* sphere, const gx_geodesic_origin& centre,
+                       const double* k, double rho, double* p) {
   double x = p[0];
   double y = p[1];
   if (gx_azimuthal_polar(aspect)) {
@@ -113,7 +115,8 @@ void ellipsoid_inverse(gx_aspect aspect, const double* sphere, double phi0, cons
   }
   double dlam;
   double phi;
-  gx_geodesic_coordinate(sphere[0], sphere[1], 0.0, phi0, rho, std::atan2(x, y), &dlam, &phi);
+  // Along the azimuth atan2(x, y), whose sine and cosine are x / rho and y / rho.
+  gx_geodesic_coordinate_toward(centre, rho, x / rho, y / rho, &dlam, &phi);
   p[0] = dlam;
   p[1] = phi;
   if (std::isnan(dlam) || std::isnan(phi)) gx_point_nan(p);
@@ -261,12 +264,13 @@ int32_t gx_azimuthal_equidistant_forward(const double* sphere, double* parms, in
   const double* k =
       gx_layout(doubles, local, gx_azimuthal_equidistant_setup, sphere, parms, GX_SERIES_FORWARD);
   gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
+  gx_geodesic_origin centre = gx_geodesic_origin_of(sphere[0], sphere[1], 0.0, f.phi0);
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     double dlam = gx_delta_fast(p[0] - f.lam0);
     if (f.sphere) {
       sphere_forward(f.aspect, sphere[0], k, dlam, p);
     } else {
-      ellipsoid_forward(f.aspect, sphere, f.phi0, k, dlam, p);
+      ellipsoid_forward(f.aspect, sphere, centre, k, dlam, p);
     }
   }
   return n;
@@ -280,6 +284,7 @@ int32_t gx_azimuthal_equidistant_inverse(const double* sphere, double* parms, in
   const double* k =
       gx_layout(doubles, local, gx_azimuthal_equidistant_setup, sphere, parms, GX_SERIES_INVERSE);
   gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
+  gx_geodesic_origin centre = gx_geodesic_origin_of(sphere[0], sphere[1], 0.0, f.phi0);
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     double rho = gx_hypot(p[0], p[1]);
     if (gx_eq(rho, 0.0)) {
@@ -289,7 +294,7 @@ int32_t gx_azimuthal_equidistant_inverse(const double* sphere, double* parms, in
     if (f.sphere) {
       sphere_inverse(f.aspect, sphere[0], k, rho, p);
     } else {
-      ellipsoid_inverse(f.aspect, sphere, f.phi0, k, rho, p);
+      ellipsoid_inverse(f.aspect, sphere, centre, k, rho, p);
     }
     p[0] = gx_delta_fast(p[0] + f.lam0);
   }
