@@ -59,24 +59,13 @@ inline gx_angle gx_latitude_turned(double e2, const gx_angle& x, const double* t
   return gx_angle_turn(x, gx_series_sum_at(table + half, x.sin, x.cos));
 }
 
-inline gx_angle gx_phi_to_chi_a(double e2, const gx_angle& phi, const double* table) {
-  return gx_latitude_turned<GX_SERIES_FORWARD_AT, gx_phi_to_chi_c>(e2, phi, table);
-}
-inline gx_angle gx_chi_to_phi_a(double e2, const gx_angle& chi, const double* table) {
-  return gx_latitude_turned<GX_SERIES_INVERSE_AT, gx_chi_to_phi_c>(e2, chi, table);
-}
-inline gx_angle gx_phi_to_beta_a(double e2, const gx_angle& phi, const double* table) {
-  return gx_latitude_turned<GX_SERIES_FORWARD_AT, gx_phi_to_beta_c>(e2, phi, table);
-}
-inline gx_angle gx_beta_to_phi_a(double e2, const gx_angle& beta, const double* table) {
-  return gx_latitude_turned<GX_SERIES_INVERSE_AT, gx_beta_to_phi_c>(e2, beta, table);
-}
-inline gx_angle gx_phi_to_mu_a(double e2, const gx_angle& phi, const double* table) {
-  return gx_latitude_turned<GX_SERIES_FORWARD_AT, gx_phi_to_mu_c>(e2, phi, table);
-}
-inline gx_angle gx_mu_to_phi_a(double e2, const gx_angle& mu, const double* table) {
-  return gx_latitude_turned<GX_SERIES_INVERSE_AT, gx_mu_to_phi_c>(e2, mu, table);
-}
+// The six, each one instantiation (e2, the angle, the table of its kind).
+inline constexpr auto gx_phi_to_chi_a = gx_latitude_turned<GX_SERIES_FORWARD_AT, gx_phi_to_chi_c>;
+inline constexpr auto gx_chi_to_phi_a = gx_latitude_turned<GX_SERIES_INVERSE_AT, gx_chi_to_phi_c>;
+inline constexpr auto gx_phi_to_beta_a = gx_latitude_turned<GX_SERIES_FORWARD_AT, gx_phi_to_beta_c>;
+inline constexpr auto gx_beta_to_phi_a = gx_latitude_turned<GX_SERIES_INVERSE_AT, gx_beta_to_phi_c>;
+inline constexpr auto gx_phi_to_mu_a = gx_latitude_turned<GX_SERIES_FORWARD_AT, gx_phi_to_mu_c>;
+inline constexpr auto gx_mu_to_phi_a = gx_latitude_turned<GX_SERIES_INVERSE_AT, gx_mu_to_phi_c>;
 
 // artanh(x) / x for |x| below sqrt(GX_SERIES_LIMIT) by its even power
 // series, whose terms beyond the eighth stay below 1e-19 there; the
