@@ -76,9 +76,9 @@ inline gx_angle gx_azimuthal_back(double sce, double cce, double x, double y, do
                                   double s0, double c0, double d, double* dlam) {
   double east = x * sce, north = d * rho * c0 * cce - d * d * y * s0 * sce;
   *dlam = std::atan2(east, north);
-  double r = 1.0 / rho;
-  double up = cce * s0 + d * y * sce * c0 * r;
-  double across = gx_hypot(east, north) * r / d;
+  double r_over_d = 1.0 / (rho * d);
+  double up = cce * s0 + d * d * y * sce * c0 * r_over_d;
+  double across = gx_hypot(east, north) * r_over_d;
   return gx_angle{std::atan2(up, across), up, across};
 }
 

@@ -172,9 +172,10 @@ int32_t gx_lambert_azimuthal_equal_area_inverse(const double* sphere, double* pa
                               GX_SERIES_BOTH);
   gx_azimuthal_frame f = gx_azimuthal_frame_of(sphere, parms);
   bool polar = gx_azimuthal_polar(f.aspect);
+  double stretch = f.sphere || polar ? 1.0 : k[kD], r_stretch = 1.0 / stretch;
   for (double* p = coords; p < coords + 2 * n; p += 2) {
     // On the ellipsoid off the poles rho is measured in the plane stretched by D.
-    double rho = f.sphere || polar ? gx_hypot(p[0], p[1]) : gx_hypot(p[0] / k[kD], p[1] * k[kD]);
+    double rho = gx_hypot(p[0] * r_stretch, p[1] * stretch);
     if (gx_eq(rho, 0.0)) {
       gx_azimuthal_centre(p, f.lam0, f.phi0);
       continue;
