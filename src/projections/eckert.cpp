@@ -12,23 +12,29 @@ constexpr int kEckertViMaxCount = 50;
 
 double central_meridian(const double* parms) { return parms[GX_PARM_CENTRAL_MERIDIAN]; }
 
-// Eckert IV's equation theta + sin theta cos theta + 2 sin theta = rhs.
-double eckert_iv_equation(double t, const void* context) {
-  double s = std::sin(t);
-  return t + s * std::cos(t) + 2.0 * s - *static_cast<const double*>(context);
-}
-
-// Eckert VI's angle: theta + sin theta = (1 + pi/2) sin phi by Newton from
-// theta = phi; after the 51st step the last value stands.
-double eckert_vi_theta(double phi) {
-  double rhs = std::sin(phi) * 2.5707963267948966;
-  double theta = phi;
-  for (int count = 0;; ++count) {
-    double d = (std::sin(theta) + theta - rhs) / (std::cos(theta) + 1.0);
-    theta = theta - d;
-    if (std::fabs(d) <= GX_EPS || count >= kEckertViMaxCount) return theta;
+// Eckert IV's equation theta + sin theta cos theta + 2 sin theta
+// = (2 + pi/2) sin |phi|, solved by Brent's method.
+struct eckert_iv_equation {
+  static double rhs(double phi) { return std::sin(std::fabs(phi)) * 3.5707963267948966; }
+  static double f(double t, double rhs) {
+    double s = std::sin(t);
+    return t + s * std::cos(t) + 2.0 * s - rhs;
   }
-}
+};
+using eckert_iv_angle = gx_brent_angle<eckert_iv_equation>;
+
+// Eckert VI's equation theta + sin theta = (1 + pi/2) sin phi, solved by
+// Newton from theta = phi; after the 51st pass the last value stands.
+struct eckert_vi_equation {
+  static double rhs(double phi) { return std::sin(phi) * 2.5707963267948966; }
+  static double step(double theta, double rhs) {
+    return (std::sin(theta) + theta - rhs) / (std::cos(theta) + 1.0);
+  }
+  static bool ends(double step, int passes) {
+    return std::fabs(step) <= GX_EPS || passes > kEckertViMaxCount;
+  }
+};
+using eckert_vi_angle = gx_newton_angle<eckert_vi_equation>;
 
 }  // namespace
 
@@ -107,13 +113,12 @@ int32_t gx_eckert_iii_inverse(const double* sphere, double* parms, int32_t n, do
 int32_t gx_eckert_iv_forward(const double* sphere, double* parms, int32_t n, double* coords,
                              const int32_t*, const double*) {
   double a = sphere[0], lam0 = central_meridian(parms);
-  return gx_each_point(n, coords, [&](double& x, double& y) {
-    double dlam = gx_delta_fast(x - lam0), phi = y;
-    double rhs = std::sin(std::fabs(phi)) * 3.5707963267948966;
-    double theta = gx_with_sign_of(gx_root_brent(&rhs, eckert_iv_equation), phi);
-    x = (std::cos(theta) + 1.0) * dlam * a * 0.4222382003157712;
-    y = std::sin(theta) * a * 1.3265004281770023;
-  });
+  return gx_each_point_by_twos(n, coords, gx_iterate_pair<eckert_iv_angle>,
+                               gx_iterate<eckert_iv_angle>, [&](double* xy, double theta) {
+                                 double dlam = gx_delta_fast(xy[0] - lam0);
+                                 xy[0] = (std::cos(theta) + 1.0) * dlam * a * 0.4222382003157712;
+                                 xy[1] = std::sin(theta) * a * 1.3265004281770023;
+                               });
 }
 
 int32_t gx_eckert_iv_inverse(const double* sphere, double* parms, int32_t n, double* coords,
@@ -154,12 +159,12 @@ int32_t gx_eckert_v_inverse(const double* sphere, double* parms, int32_t n, doub
 int32_t gx_eckert_vi_forward(const double* sphere, double* parms, int32_t n, double* coords,
                              const int32_t*, const double*) {
   double a = sphere[0], lam0 = central_meridian(parms);
-  return gx_each_point(n, coords, [&](double& x, double& y) {
-    double dlam = gx_delta_fast(x - lam0);
-    double theta = eckert_vi_theta(y);
-    x = (std::cos(theta) + 1.0) * dlam * a * 0.4410127717245515;
-    y = theta * a * 0.882025543449103;
-  });
+  return gx_each_point_by_twos(n, coords, gx_iterate_pair<eckert_vi_angle>,
+                               gx_iterate<eckert_vi_angle>, [&](double* xy, double theta) {
+                                 double dlam = gx_delta_fast(xy[0] - lam0);
+                                 xy[0] = (std::cos(theta) + 1.0) * dlam * a * 0.4410127717245515;
+                                 xy[1] = theta * a * 0.882025543449103;
+                               });
 }
 
 int32_t gx_eckert_vi_inverse(const double* sphere, double* parms, int32_t n, double* coords,

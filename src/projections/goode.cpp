@@ -9,7 +9,6 @@ namespace {
 // The latitude where Sinusoidal and Mollweide meet.
 constexpr double kMeet = 0.7109888814838452;
 constexpr double kDegree = 0.017453292519943295;
-constexpr double kOneOverPi = 0.3183098861837907;
 
 // Layout: the option and the whole map's terms, then for an interrupted map
 // its lobes, those of the north first, each four doubles.
@@ -101,6 +100,22 @@ centre lobe_centre(const double* k, bool north, double value, int bound) {
   return {lobe[kLobeCentre], lobe[kLobeCentreX]};
 }
 
+// The Mollweide angle of a latitude beyond the meeting parallel; 0, unused,
+// for one on the Sinusoidal part.
+double mollweide_part_theta(double phi) {
+  return std::fabs(phi) <= kMeet ? 0.0 : gx_mollweide_theta(phi);
+}
+
+// The same for two latitudes, side by side where both need it.
+void mollweide_part_theta_pair(const double* phi, double* theta) {
+  if (std::fabs(phi[0]) > kMeet && std::fabs(phi[1]) > kMeet) {
+    gx_mollweide_theta_pair(phi, theta);
+    return;
+  }
+  theta[0] = mollweide_part_theta(phi[0]);
+  theta[1] = mollweide_part_theta(phi[1]);
+}
+
 }  // namespace
 
 int32_t gx_goode_homolosine_forward(const double* sphere, double* parms, int32_t n,
@@ -109,19 +124,19 @@ int32_t gx_goode_homolosine_forward(const double* sphere, double* parms, int32_t
   const double* k = gx_layout(doubles, local, setup, sphere, parms, 0);
   double a = k[kA], cy = k[kCy], cx = k[kCx], offset = k[kOffset];
   double lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  return gx_each_point(n, coords, [&](double& x, double& y) {
-    double dlam = gx_delta_fast(x - lam0), phi = y;
-    bool north = phi >= 0.0;
-    centre c = lobe_centre(k, north, dlam, kLobeWest);
-    if (std::fabs(phi) <= kMeet) {
-      x = (dlam - c.radians) * std::cos(phi) * a + c.metres;
-      y = phi * a;
-    } else {
-      double theta = gx_mollweide_theta(phi);
-      x = (dlam - c.radians) * std::cos(theta) * cx + c.metres;
-      y = north ? std::sin(theta) * cy - offset : std::sin(theta) * cy + offset;
-    }
-  });
+  return gx_each_point_by_twos(
+      n, coords, mollweide_part_theta_pair, mollweide_part_theta, [&](double* xy, double theta) {
+        double dlam = gx_delta_fast(xy[0] - lam0), phi = xy[1];
+        bool north = phi >= 0.0;
+        centre c = lobe_centre(k, north, dlam, kLobeWest);
+        if (std::fabs(phi) <= kMeet) {
+          xy[0] = (dlam - c.radians) * std::cos(phi) * a + c.metres;
+          xy[1] = phi * a;
+        } else {
+          xy[0] = (dlam - c.radians) * std::cos(theta) * cx + c.metres;
+          xy[1] = north ? std::sin(theta) * cy - offset : std::sin(theta) * cy + offset;
+        }
+      });
 }
 
 int32_t gx_goode_homolosine_inverse(const double* sphere, double* parms, int32_t n,
@@ -140,11 +155,11 @@ int32_t gx_goode_homolosine_inverse(const double* sphere, double* parms, int32_t
       dlam = (x - c.metres) / (std::cos(phi) * a) + c.radians;
     } else {
       double theta = std::asin(gx_clamp_unit(north ? (y + offset) / cy : (y - offset) / cy));
-      double two = 2.0 * theta;
-      phi = std::asin(gx_clamp_unit((std::sin(two) + two) * kOneOverPi));
+      double cos_theta;
+      phi = gx_mollweide_latitude(theta, &cos_theta);
       dlam = gx_is_halfpi(theta)
                  ? c.radians
-                 : (x - c.metres) * 1.5707963267948966 / (std::cos(theta) * cy) + c.radians;
+                 : (x - c.metres) * 1.5707963267948966 / (cos_theta * cy) + c.radians;
     }
     x = gx_delta_fast(dlam + lam0);
     y = phi;

@@ -8,9 +8,12 @@ constexpr int kCy = 0;  // a sqrt 2, the y factor first
 constexpr int kCx = 1;  // a 2 sqrt 2 / pi
 constexpr int kCount = 2;
 
-double mollweide_equation(double t, const void* context) {
-  return 2.0 * t + std::sin(2.0 * t) - *static_cast<const double*>(context);
-}
+// The Mollweide equation 2 theta + sin 2 theta = pi sin |phi|.
+struct mollweide_equation {
+  static double rhs(double phi) { return std::sin(std::fabs(phi)) * 3.141592653589793; }
+  static double f(double t, double rhs) { return 2.0 * t + std::sin(2.0 * t) - rhs; }
+};
+using mollweide_angle = gx_brent_angle<mollweide_equation>;
 
 }  // namespace
 
@@ -19,10 +22,10 @@ void gx_mollweide_setup(const double* sphere, const double*, int, double* k) {
   k[kCx] = sphere[0] * 0.9003163161571062;
 }
 
-double gx_mollweide_theta(double phi) {
-  double rhs = std::sin(std::fabs(phi)) * 3.141592653589793;
-  double theta = gx_root_brent(&rhs, mollweide_equation);
-  return phi < 0.0 ? -theta : theta;
+double gx_mollweide_theta(double phi) { return gx_iterate<mollweide_angle>(phi); }
+
+void gx_mollweide_theta_pair(const double* phi, double* theta) {
+  gx_iterate_pair<mollweide_angle>(phi, theta);
 }
 
 int32_t gx_mollweide_forward(const double* sphere, double* parms, int32_t n, double* coords,
@@ -30,12 +33,12 @@ int32_t gx_mollweide_forward(const double* sphere, double* parms, int32_t n, dou
   double local[kCount];
   const double* k = gx_layout(doubles, local, gx_mollweide_setup, sphere, parms, 0);
   double cy = k[kCy], cx = k[kCx], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  return gx_each_point(n, coords, [&](double& x, double& y) {
-    double dlam = gx_delta_fast(x - lam0);
-    double theta = gx_mollweide_theta(y);
-    x = std::cos(theta) * dlam * cx;
-    y = std::sin(theta) * cy;
-  });
+  return gx_each_point_by_twos(n, coords, gx_mollweide_theta_pair, gx_mollweide_theta,
+                               [&](double* xy, double theta) {
+                                 double dlam = gx_delta_fast(xy[0] - lam0);
+                                 xy[0] = std::cos(theta) * dlam * cx;
+                                 xy[1] = std::sin(theta) * cy;
+                               });
 }
 
 int32_t gx_mollweide_inverse(const double* sphere, double* parms, int32_t n, double* coords,
@@ -44,10 +47,9 @@ int32_t gx_mollweide_inverse(const double* sphere, double* parms, int32_t n, dou
   const double* k = gx_layout(doubles, local, gx_mollweide_setup, sphere, parms, 0);
   double cy = k[kCy], r = 1.0 / cy, lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   return gx_each_point(n, coords, [&](double& x, double& y) {
-    double theta = std::asin(gx_clamp_unit(y * r));
-    double u = 2.0 * theta;
-    double phi = std::asin(gx_clamp_unit((std::sin(u) + u) * 0.3183098861837907));
-    double dlam = gx_is_halfpi(theta) ? 0.0 : 1.5707963267948966 * x / (std::cos(theta) * cy);
+    double theta = std::asin(gx_clamp_unit(y * r)), cos_theta;
+    double phi = gx_mollweide_latitude(theta, &cos_theta);
+    double dlam = gx_is_halfpi(theta) ? 0.0 : 1.5707963267948966 * x / (cos_theta * cy);
     x = gx_delta_fast(dlam + lam0);
     y = phi;
   });

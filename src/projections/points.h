@@ -50,6 +50,38 @@ inline int32_t gx_each_point(int32_t n, double* coords, Point point) {
   return n;
 }
 
+// For the functions whose per-point work is a search on one ordinate: runs
+// place(xy, found) on each point, with found = one(y) of its second ordinate,
+// but takes the results of two points at a time from two(y, found) (y and
+// found each two doubles), whose searches then run side by side.  place
+// returns nothing where every point has an image, or false for a point
+// without one, which then holds NaN in both ordinates.  Returns the number
+// of points with an image, 0 for n below 1.
+template <class Two, class One, class Place>
+inline int32_t gx_each_point_by_twos(int32_t n, double* coords, Two two, One one, Place place) {
+  int32_t converted = 0;
+  auto finish = [&](double* xy, double found) {
+    if constexpr (std::is_void_v<decltype(place(xy, found))>) {
+      place(xy, found);
+      ++converted;
+    } else if (place(xy, found)) {
+      ++converted;
+    } else {
+      gx_point_nan(xy);
+    }
+  };
+  int32_t i = 0;
+  for (; i + 1 < n; i += 2) {
+    double* xy = coords + 2 * i;
+    double y[2] = {xy[1], xy[3]}, found[2];
+    two(y, found);
+    finish(xy, found[0]);
+    finish(xy + 2, found[1]);
+  }
+  if (i < n) finish(coords + 2 * i, one(coords[2 * i + 1]));
+  return converted;
+}
+
 // For the functions that count: point(x, y), or point(xy) for one that works
 // on the pair as a whole, returns false for a point without an image, which
 // then holds NaN in both ordinates.  Returns the number of points that got

@@ -14,6 +14,20 @@
 // The Mollweide auxiliary angle of a latitude, signed like it: the root of
 // 2 theta + sin 2 theta = pi sin |phi| by Brent's method on [0, pi/2].
 double gx_mollweide_theta(double phi);
+// The angles of two latitudes phi[0] and phi[1] at once, each to the bit as
+// gx_mollweide_theta gives it: the two searches run side by side.
+void gx_mollweide_theta_pair(const double* phi, double* theta);
+
+// The inverse side of the Mollweide angle: the latitude
+// asin((sin 2 theta + 2 theta) / pi), clamped before the asin, with
+// cos theta left in *cos_theta.  One sine and cosine of theta serve both:
+// sin 2 theta is 2 sin theta cos theta.
+inline double gx_mollweide_latitude(double theta, double* cos_theta) {
+  double s = std::sin(theta), c = std::cos(theta);
+  *cos_theta = c;
+  double u = 2.0 * theta;
+  return std::asin(gx_clamp_unit((2.0 * s * c + u) * 0.3183098861837907));
+}
 
 // Three-point interpolation in a table of `count` rows: rows t[] ascending,
 // values f[].  At the first row i from 2 up with v <= t[i], the parabola
