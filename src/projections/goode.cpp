@@ -154,9 +154,9 @@ int32_t gx_goode_homolosine_inverse(const double* sphere, double* parms, int32_t
       phi = y / a;
       dlam = (x - c.metres) / (std::cos(phi) * a) + c.radians;
     } else {
-      double theta = std::asin(gx_clamp_unit(north ? (y + offset) / cy : (y - offset) / cy));
-      double cos_theta;
-      phi = gx_mollweide_latitude(theta, &cos_theta);
+      double theta, cos_theta;
+      phi = gx_mollweide_latitude(gx_clamp_unit(north ? (y + offset) / cy : (y - offset) / cy),
+                                  &theta, &cos_theta);
       dlam = gx_is_halfpi(theta)
                  ? c.radians
                  : (x - c.metres) * 1.5707963267948966 / (cos_theta * cy) + c.radians;

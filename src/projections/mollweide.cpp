@@ -47,8 +47,8 @@ int32_t gx_mollweide_inverse(const double* sphere, double* parms, int32_t n, dou
   const double* k = gx_layout(doubles, local, gx_mollweide_setup, sphere, parms, 0);
   double cy = k[kCy], r = 1.0 / cy, lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   return gx_each_point(n, coords, [&](double& x, double& y) {
-    double theta = std::asin(gx_clamp_unit(y * r)), cos_theta;
-    double phi = gx_mollweide_latitude(theta, &cos_theta);
+    double theta, cos_theta;
+    double phi = gx_mollweide_latitude(gx_clamp_unit(y * r), &theta, &cos_theta);
     double dlam = gx_is_halfpi(theta) ? 0.0 : 1.5707963267948966 * x / (cos_theta * cy);
     x = gx_delta_fast(dlam + lam0);
     y = phi;

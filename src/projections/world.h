@@ -18,15 +18,15 @@ double gx_mollweide_theta(double phi);
 // gx_mollweide_theta gives it: the two searches run side by side.
 void gx_mollweide_theta_pair(const double* phi, double* theta);
 
-// The inverse side of the Mollweide angle: the latitude
-// asin((sin 2 theta + 2 theta) / pi), clamped before the asin, with
-// cos theta left in *cos_theta.  One sine and cosine of theta serve both:
-// sin 2 theta is 2 sin theta cos theta.
-inline double gx_mollweide_latitude(double theta, double* cos_theta) {
-  double s = std::sin(theta), c = std::cos(theta);
+// The Mollweide angle theta = asin(t) of a sine t already clamped to +-1,
+// with its cosine from t, and the latitude asin((sin 2 theta + 2 theta) / pi)
+// that it stands for.
+inline double gx_mollweide_latitude(double t, double* theta, double* cos_theta) {
+  double c = std::sqrt((1.0 - t) * (1.0 + t));
+  *theta = std::asin(t);
   *cos_theta = c;
-  double u = 2.0 * theta;
-  return std::asin(gx_clamp_unit((2.0 * s * c + u) * 0.3183098861837907));
+  double u = 2.0 * *theta;
+  return std::asin(gx_clamp_unit((2.0 * t * c + u) * 0.3183098861837907));
 }
 
 // Three-point interpolation in a table of `count` rows: rows t[] ascending,
