@@ -58,11 +58,11 @@ int32_t ellipsoid_forward(const double* c, const double* sphere, const double* p
     gx_angle phi = gx_angle_of(gx_pole_clamp(p[1]));
     double L = gx_delta_fast(p[0] - lam0), L2 = L * L;
     double s = phi.sin, cs = phi.cos;
-    // One division for both 1 / cos phi and 1 / w.
-    double w = gx_w_of_sin(e2, s), r = 1 / (w * cs);
-    double t = s * w * r, t2 = t * t;
+    // t and N apart, so that the series' long polynomials in t wait on one
+    // division and not on the square root of w as well.
+    double t = s / cs, t2 = t * t;
     double eta = ep2 * cs * cs;
-    double Nk = ak0 * cs * r;
+    double Nk = ak0 / gx_w_of_sin(e2, s);
     double mdist = (gx_phi_to_mu_a(e2, phi, table).rad - mu0) * rect_r * k0;
     // The terms of order 2k in dlam carry cos(phi)^2k: as a series in
     // A2 = (cos(phi) dlam)^2 each bracket is a polynomial in t2 and eta.
