@@ -64,20 +64,21 @@ inline void gx_azimuthal_centre(double* lp, double lam0, double phi0) {
   lp[1] = phi0;
 }
 
-// The inverse's last step off a polar centre.  A map point (x, y) at
+// The inverse's last step for a centre off the poles.  A map point (x, y) at
 // distance rho, whose angular distance ce from the centre is known by its
 // sine and cosine, is turned back from the centre (latitude sine s0, cosine
-// c0); d stretches y against x (1 but for the ellipsoid's equal-area
-// azimuth).  Writes the longitude from the central meridian to *dlam and
-// returns the latitude with its sine and cosine.  The latitude is the atan2
-// of the point's height over its distance from the axis rather than an asin
-// of the height, so that it keeps its digits beside the poles.
+// c0); d stretches y against x and d2 is its square, from the caller's
+// constants (both 1 but for the ellipsoid's equal-area azimuth).  Writes the
+// longitude from the central meridian to *dlam and returns the latitude
+// with its sine and cosine.  The latitude is the atan2 of the point's
+// height over its distance from the axis rather than an asin of the height,
+// so that it keeps its digits beside the poles.
 inline gx_angle gx_azimuthal_back(double sce, double cce, double x, double y, double rho,
-                                  double s0, double c0, double d, double* dlam) {
-  double east = x * sce, north = d * rho * c0 * cce - d * d * y * s0 * sce;
+                                  double s0, double c0, double d, double d2, double* dlam) {
+  double east = x * sce, north = d * rho * c0 * cce - d2 * y * s0 * sce;
   *dlam = std::atan2(east, north);
   double r_over_d = 1.0 / (rho * d);
-  double up = cce * s0 + d * d * y * sce * c0 * r_over_d;
+  double up = cce * s0 + d2 * y * sce * c0 * r_over_d;
   double across = gx_hypot(east, north) * r_over_d;
   return gx_angle{std::atan2(up, across), up, across};
 }

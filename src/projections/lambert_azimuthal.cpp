@@ -107,14 +107,15 @@ void sphere_inverse(gx_aspect aspect, double a, const double* k, double rho, dou
   gx_angle ce = chord_angle(rho / k[kTwoA]);
   bool equator = aspect == GX_ASPECT_EQUATOR;
   double s0 = equator ? 0.0 : k[kSin0], c0 = equator ? 1.0 : k[kCos0];
-  p[1] = gx_azimuthal_back(ce.sin, ce.cos, x, y, rho, s0, c0, 1.0, p).rad;
+  p[1] = gx_azimuthal_back(ce.sin, ce.cos, x, y, rho, s0, c0, 1.0, 1.0, p).rad;
 }
 
 // The ellipsoid's inverse of a point off a polar centre to dlam and the
 // authalic latitude; rho is measured in the plane stretched by D.
 gx_angle ellipsoid_inverse(const double* k, double rho, double* p) {
   gx_angle ce = chord_angle(rho / k[kTwoRq]);
-  return gx_azimuthal_back(ce.sin, ce.cos, p[0], p[1], rho, k[kSinBeta0], k[kCosBeta0], k[kD], p);
+  return gx_azimuthal_back(ce.sin, ce.cos, p[0], p[1], rho, k[kSinBeta0], k[kCosBeta0], k[kD],
+                           k[kD2], p);
 }
 
 }  // namespace

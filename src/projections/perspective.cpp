@@ -69,7 +69,7 @@ void from_distance(const centre_run& r, double sce, double cce, double rho, doub
   double x = p[0];
   double y = p[1];
   double dlam;
-  p[1] = gx_azimuthal_back(sce, cce, x, y, rho, r.sin_c, r.cos_c, 1.0, &dlam).rad;
+  p[1] = gx_azimuthal_back(sce, cce, x, y, rho, r.sin_c, r.cos_c, 1.0, 1.0, &dlam).rad;
   gx_aspect aspect = gx_azimuthal_aspect(r.phic);
   if (gx_azimuthal_polar(aspect)) dlam = gx_polar_dlam(aspect == GX_ASPECT_NORTH, x, y);
   p[0] = gx_delta_fast(dlam + r.lam0);
@@ -268,7 +268,7 @@ int32_t gx_gnomonic_inverse(const double* sphere, double* parms, int32_t n, doub
     double cce = std::cos(ce);
     if (!(cce > 0.0)) return false;
     double sce = std::sin(ce), dlam;
-    p[1] = gx_azimuthal_back(sce, cce, x, y, rho, r.sin_c, r.cos_c, 1.0, &dlam).rad;
+    p[1] = gx_azimuthal_back(sce, cce, x, y, rho, r.sin_c, r.cos_c, 1.0, 1.0, &dlam).rad;
     p[0] = gx_delta_fast(dlam + r.lam0);
     return true;
   });
@@ -311,8 +311,9 @@ int32_t gx_orthographic_inverse(const double* sphere, double* parms, int32_t n, 
       return true;
     }
     if (!(rho <= r.a)) return false;
-    double ce = std::asin(rho / r.a);
-    from_distance(r, std::sin(ce), std::cos(ce), rho, p);
+    // ce = asin(rho / a): its sine is rho / a, its cosine follows.
+    gx_angle ce = gx_angle_of_sine(rho / r.a);
+    from_distance(r, ce.sin, ce.cos, rho, p);
     return true;
   });
 }

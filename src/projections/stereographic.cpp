@@ -128,7 +128,8 @@ void ellipsoid_forward(gx_aspect aspect, double e2, const double* k, double lam0
 // as the complement pi/2 - 2 atan(u).
 gx_angle azimuthal_inverse(double u, double s0, double c0, double rho, double* p) {
   gx_angle ce_complement = gx_angle_from_half_tangent(u);
-  return gx_azimuthal_back(ce_complement.cos, ce_complement.sin, p[0], p[1], rho, s0, c0, 1.0, p);
+  return gx_azimuthal_back(ce_complement.cos, ce_complement.sin, p[0], p[1], rho, s0, c0, 1.0, 1.0,
+                           p);
 }
 
 // The sphere's inverse; the polar aspects are done by the polar rows.
