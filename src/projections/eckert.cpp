@@ -126,9 +126,9 @@ int32_t gx_eckert_iv_inverse(const double* sphere, double* parms, int32_t n, dou
   double a = sphere[0], ky = a * 3.544907701811032, lam0 = central_meridian(parms);
   return gx_each_point(n, coords, [&](double& x, double& y) {
     double s = gx_clamp_unit(y * 2.6723758443732786 / ky);
-    double theta = std::asin(s);
-    double c = std::cos(theta);
-    double phi = std::asin(gx_clamp_unit(((c + 2.0) * s + theta) * 0.2800495767557787));
+    gx_angle theta = gx_angle_of_sine(s);
+    double c = theta.cos;
+    double phi = std::asin(gx_clamp_unit(((c + 2.0) * s + theta.rad) * 0.2800495767557787));
     double dlam = x * 4.736662856426298 / ((c + 1.0) * a * 2.0);
     x = gx_delta_fast(dlam + lam0);
     y = phi;

@@ -82,9 +82,10 @@ int32_t gx_flat_polar_quartic_inverse(const double* sphere, double* parms, int32
   double kx = k[kFpqX], ry = 1.0 / k[kFpqY], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
   return gx_each_point(n, coords, [&](double& x, double& y) {
     double s = y * ry;
-    double t = std::asin(s);
-    // sin 2t and cos 2t from the sine and cosine of t.
-    double st = std::sin(t), ct = std::cos(t);
+    // sin 2t and cos 2t from the sine and cosine of t = asin(s), which s
+    // itself gives.
+    gx_angle t = gx_angle_of_sine(s);
+    double st = t.sin, ct = t.cos;
     double phi = std::asin((2.0 * st * ct + s) * 0.585786437626905);
     double dlam = x / ((2.0 * ((ct - st) * (ct + st)) / ct + 1.0) * kx);
     x = gx_delta_fast(dlam + lam0);
