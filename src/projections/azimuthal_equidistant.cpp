@@ -21,6 +21,7 @@
 
 #include "geodesy/geodesic.h"
 #include "projections/azimuthal.h"
+#include "projections/points.h"
 
 namespace {
 
@@ -205,9 +206,7 @@ two_point_inverse_frame make_inverse_frame(const two_points& t) {
   f.half = t.z / 2.0;
   f.tan_half = std::tan(f.half);
   f.two_sin_half = 2.0 * std::sin(f.half);
-  double v = std::sin(t.az12) * t.cos1;
-  if (v > 1.0) v = 1.0;
-  if (v < -1.0) v = -1.0;
+  double v = gx_clamp_unit(std::sin(t.az12) * t.cos1);
   f.sp = v;
   f.cp = std::cos(std::asin(v));
   f.g = gx_delta(std::atan2(std::cos(t.az12) * t.cos1, t.sin1) - f.half);
@@ -215,8 +214,6 @@ two_point_inverse_frame make_inverse_frame(const two_points& t) {
                       std::sin(t.lam2) * t.cos2 * t.sin1 - std::sin(t.lam1) * t.sin2 * t.cos1);
   return f;
 }
-
-double clamp_unit(double v) { return v > 1.0 ? 1.0 : (v < -1.0 ? -1.0 : v); }
 
 void two_point_inverse(const two_points& t, const two_point_inverse_frame& f, double* p) {
   double X = p[0] * t.inv_a;
@@ -226,12 +223,12 @@ void two_point_inverse(const two_points& t, const two_point_inverse_frame& f, do
   double T = (std::cos(z2) + std::cos(z1)) * f.tan_half;
   double D2 = std::cos(z2) - std::cos(z1);
   double Az = std::atan2(D2, T);
-  double r = clamp_unit(std::sqrt(T * T + D2 * D2) / f.two_sin_half);
+  double r = gx_clamp_unit(std::sqrt(T * T + D2 * D2) / f.two_sin_half);
   double q = Y >= 0.0 ? std::acos(r) : -std::acos(r);
   double B = Az - f.g;
   double sq = std::sin(q);
   double cb = std::cos(B);
-  p[1] = std::asin(clamp_unit(cb * r * f.cp + sq * f.sp));
+  p[1] = std::asin(gx_clamp_unit(cb * r * f.cp + sq * f.sp));
   p[0] = gx_delta_fast(std::atan2(std::sin(B) * r, cb * r * f.sp - sq * f.cp) + f.lamp);
 }
 
