@@ -5,10 +5,11 @@
 // and rotated, which is how the southing/westing of the classic definition
 // becomes an easting/northing.
 //
-// The Azimuth is used with its sign reversed.  A definition that states the
-// azimuth of the classic Czech system with the opposite sign (30.288 degrees
-// where this projection expects -30.288) puts the oblique pole on the other
-// side of the centre.
+// The Azimuth is used with the sign the definition gives: the Czech and
+// Slovak grids state it as +30.28813975277778 degrees, the angle of the cone's
+// axis east of the centre's meridian, and that is the value the oblique pole
+// is turned by.  A negated azimuth puts the oblique pole on the other side of
+// the centre and every point some thousands of kilometres off.
 //
 // On the ellipsoid a point more than pi / B from the central meridian has no
 // image; the two functions count the points that got one.
@@ -37,7 +38,7 @@ void setup(const double* sphere, const double* parms, int mask, double* k) {
   double phi0 = parms[GX_PARM_LATITUDE_OF_CENTER];
   double ps = parms[GX_PARM_STANDARD_PARALLEL_1];
   double rot = gx_delta(parms[GX_PARM_XY_PLANE_ROTATION]);
-  double az = -gx_delta(parms[GX_PARM_AZIMUTH]);
+  double az = gx_delta(parms[GX_PARM_AZIMUTH]);
   double n = std::sin(ps);
   double F0 = std::cos(ps) / (std::pow(std::tan(GX_QUARTERPI - ps / 2), n) * n);
   k[kCosRot] = std::cos(rot);

@@ -18,7 +18,7 @@ const std::vector<Parameter> kKrovakEpsg = {{kLonC, 24.833333333333333},
                                             {kLatC, 49.5},
                                             {kSp1, 78.5},
                                             {kK0, 0.9999},
-                                            {kAz, -30.28813975277778}};
+                                            {kAz, 30.28813975277778}};
 
 // ---- Lambert conformal conic ---------------------------------------------
 

@@ -233,11 +233,10 @@ const ProjectionCase kCases[] = {
      kArcTolerance, 5e-10, {-164, 179, -85, 85}, kTripDeg},
 
     // EPSG 7-2, S-JTSK / Krovak: southing Xp = 1 050 538.63, westing
-    // Yp = 568 990.99 (PROJ's digits).  The azimuth is stated with the sign
-    // this projection expects (see krovak.cpp).
+    // Yp = 568 990.99 (PROJ's digits), with the azimuth as published.
     {"KrovakEpsg", kKrovak, kBesselA, kBesselE2,
      {{kLonC, 24.833333333333333}, {kLatC, 49.5}, {kSp1, 78.5}, {kK0, 0.9999},
-      {kAz, -30.28813975277778}},
+      {kAz, 30.28813975277778}},
      {{16.849771944444445, 50.20901166666667, 1050538.630846, 568990.995437},
       {12.1, 48.6, 1181009.656016, 934680.860457},
       {22.5, 51.0, 989640.273224, 163934.371159},
@@ -247,7 +246,7 @@ const ProjectionCase kCases[] = {
     // plane rotated by 90 degrees give PROJ's (-westing, -southing).
     {"KrovakEastNorth", kKrovak, kBesselA, kBesselE2,
      {{kLonC, 24.833333333333333}, {kLatC, 49.5}, {kSp1, 78.5}, {kK0, 0.9999},
-      {kAz, -30.28813975277778}, {kXScale, -1}, {kYScale, 1}, {kRotation, 90}},
+      {kAz, 30.28813975277778}, {kXScale, -1}, {kYScale, 1}, {kRotation, 90}},
      {{16.849771944444445, 50.20901166666667, -568990.995437, -1050538.630846},
       {12.1, 48.6, -934680.860457, -1181009.656016},
       {22.5, 51.0, -163934.371159, -989640.273224},

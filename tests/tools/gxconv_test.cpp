@@ -339,7 +339,11 @@ INSTANTIATE_TEST_SUITE_P(Grids, ConverterNationalGrids,
                          ::testing::Values(NationalGrid{"texas_sc", "nad83"},
                                            NationalGrid{"antarctic_ps", "wgs84"},
                                            NationalGrid{"usa_albers", "nad83"},
-                                           NationalGrid{"krovak", "sjtsk"}),
+                                           NationalGrid{"krovak", "sjtsk"},
+                                           // EPSG:5514 and EPSG:2065 as exported by common GIS
+                                           // software, at places across both countries.
+                                           NationalGrid{"sjtsk_east_north", "sjtsk"},
+                                           NationalGrid{"krovak_ferro", "sjtsk_ferro"}),
                          [](const ::testing::TestParamInfo<NationalGrid>& info) {
                            return std::string(info.param.name);
                          });
