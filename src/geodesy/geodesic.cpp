@@ -193,8 +193,24 @@ double longitude_arc(double C, double sigma, double sin_sigma, double cos_sigma,
                      (cos_2sigma_m + C * cos_sigma * (2.0 * cos_2sigma_m * cos_2sigma_m - 1.0));
 }
 
-// cos(alpha) from sin(alpha): cos(asin(x)) without the trigonometry.
-double cos_of_sin(double x) { return std::sqrt((1.0 - x) * (1.0 + x)); }
+// (cos(asin(x)))^2 without the trigonometry, but where |x| is exactly 1: there
+// the runtime's asin gives the double nearest pi/2, whose cosine is about
+// 6.1e-17, not 0.  That tiny square is what keeps a line along the equator
+// finite: cos 2sigma_m divides 2 sin U1 sin U2 (exactly 0 there) by it, and
+// the terms it feeds vanish by their product with C, as they should; a 0
+// would make them 0/0.
+double cos2_of_sin(double x) {
+  double c2 = (1.0 - x) * (1.0 + x);
+  if (c2 != 0.0) return c2;
+  double c = std::cos(std::asin(x));
+  return c * c;
+}
+
+// cos(alpha) from sin(alpha): cos(asin(x)), exact where |x| is 1 as above.
+double cos_of_sin(double x) {
+  double c2 = (1.0 - x) * (1.0 + x);
+  return c2 != 0.0 ? std::sqrt(c2) : std::cos(std::asin(x));
+}
 
 // Azimuth at a pole: the other point's longitude in the south, pi minus it in
 // the north.
@@ -364,17 +380,15 @@ void ellipsoid_distance(const Inverse& in) {
     if (sin_sigma == 0.0) return antipodal_distance(in, u);
     sigma = arc_near(arc_anchor, sin_sigma, cos_sigma);
     double sin_alpha = (arc.east / sin_sigma) * u.cos1;
-    // (cos(asin(sin alpha)))^2 without the trigonometry: exactly 0 where
-    // sin(alpha) is +-1.  No guard for that: on the equator this is 0/0.
-    cos2_alpha = (1.0 - sin_alpha) * (1.0 + sin_alpha);
+    cos2_alpha = cos2_of_sin(sin_alpha);
     cos_2sigma_m = cos_sigma - two_sin1sin2 / cos2_alpha;
     double C = vincenty_c(cos2_alpha, o.f);
     double next = in.L + longitude_arc(C, sigma, sin_sigma, cos_sigma, cos_2sigma_m) *
                              ((1.0 - C) * sin_alpha * o.f);
     if (std::fabs(next) > GX_PI && pass > kAntipodalSwitchPasses) return antipodal_distance(in, u);
     bool settled = equal(lambda, next);
-    // A NaN (0/0 above, or a NaN argument) never settles and every later
-    // pass would give NaN again: stopping here returns the same NaNs.
+    // A NaN (from a NaN argument) never settles and every later pass would
+    // give NaN again: stopping here returns the same NaNs.
     bool undefined = std::isnan(next);
     lambda = next;
     if (settled || undefined || pass > kVincentyPasses) break;

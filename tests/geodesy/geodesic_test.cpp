@@ -194,23 +194,32 @@ TEST(Geodesic, DirectFromAPoleIgnoresItsLongitude) {
 
 TEST(Geodesic, EquatorialLines) {
   // Along the equator the direct solution is exact: a distance s moves the
-  // longitude by s / a.  The inverse meets 0/0 in cos 2sigma_m there (two
-  // distinct points both on the equator and not antipodal) and gives NaN,
-  // after its capped loop.
+  // longitude by s / a.
   double lambda2, phi2;
   gx_geodesic_coordinate(kWgs84A, kWgs84E2, 0.0, 0.0, 1e6, GX_HALFPI, &lambda2, &phi2);
   EXPECT_NEAR(lambda2, 1e6 / kWgs84A, 1e-15);
   EXPECT_EQ(phi2, 0.0);
-  Solved s;
-  distance_of(kWgs84A, kWgs84E2, 0.0, 0.0, 10.0, 0.0, &s);
-  EXPECT_TRUE(std::isnan(s.distance));
-  // So do lines so close to it that sin(alpha) rounds to 1.
-  distance_of(kWgs84A, kWgs84E2, 0.0, 0.0, 10.0, 1e-9, &s);
-  EXPECT_TRUE(std::isnan(s.distance));
-  // Off the equator by a little more the line is ordinary (GeodSolve).
-  distance_of(kWgs84A, kWgs84E2, 0.0, 0.0, 10.0, 1e-6, &s);
-  EXPECT_NEAR(s.distance, 1113194.907932741, 1e-4);
-  EXPECT_NEAR(s.azimuth12, 89.99999427958478 * kDegree, 1e-11);
+  // The inverse along the equator, both ways, and a hair off it, where
+  // sin(alpha) rounds to 1 and cos^2(alpha) is the square of cos(asin(1)):
+  // finite, against GeographicLib's GeodSolve (azi2 there is the forward
+  // azimuth at point 2; azimuth21 here points back).
+  const Line lines[] = {
+      {0, 0, 0, 10, 1113194.9079327357, 90, 90},
+      {0, 10, 0, 0, 1113194.9079327357, -90, -90},
+      {0, 0, 0, 0.001, 111.3194907933, 90, 90},
+      {0, -170, 0, 100, 10018754.1713946220, -90, -90},
+      {0, 0, 0, 179, 19926188.8519959711, 90, 90},
+      {0, 0, 1e-9, 10, 1113194.9079327357, 89.999999994279591, 89.999999994367073},
+      {0, 0, 1e-12, 10, 1113194.9079327357, 89.999999999994273, 89.999999999994373},
+      {-1e-9, 0, 0, 90, 10018754.1713946201, 90.000000000005272, 89.999999999003336},
+      {0, 0, 1e-6, 10, 1113194.9079327411, 89.999994279584783, 89.999994367074947},
+  };
+  for (const Line& l : lines) {
+    Solved s = solve(l);
+    EXPECT_NEAR(s.distance, l.s12, 2e-4 + 2e-11 * l.s12) << l.lon2;
+    EXPECT_NEAR(s.azimuth12, l.azi1 * kDegree, 1e-9) << l.lon2;
+    EXPECT_NEAR(gx_delta(s.azimuth21 + GX_PI), l.azi2 * kDegree, 1e-9) << l.lon2;
+  }
 }
 
 TEST(Geodesic, NaNInputsReturn) {
