@@ -5,10 +5,9 @@
 // distances from two points.
 //
 // Two_Point_Equidistant's x axis runs from point 1 to point 2 through the
-// midpoint of the two.  Its forward puts the points left of that line at
-// negative y; its inverse reads positive y as the left side, so a round trip
-// gives a point off the line back mirrored in it.  Each direction keeps its
-// own convention.  Near the line both are ill-conditioned at the centimetre
+// midpoint of the two, and the points left of that line, seen from point 1
+// towards point 2, have positive y, both ways.  Near the line both are
+// ill-conditioned at the centimetre
 // level: the forward's y is the square root of a product that vanishes
 // there, the inverse takes acos of a ratio that is 1 there.
 //
@@ -186,7 +185,7 @@ void two_point_forward(const two_points& t, double k, double sin12, double* p) {
              std::sin(gx_delta_fast(lam - t.lam1)) * c * t.sin2 * t.cos1 +
              std::sin(gx_delta_fast(lam - t.lam2)) * c * t.cos2 * t.sin1;
   p[0] = s1 * d1 * k;
-  p[1] = v >= 0.0 ? -y : y;
+  p[1] = v >= 0.0 ? y : -y;
 }
 
 // What the inverse derives once: half the distance, the pole p of the
