@@ -18,7 +18,9 @@
 #include "projections/conic.h"
 #include "projections/cylindrical.h"
 #include "projections/projection_calls.h"
+#include "geodesy/roots.h"
 #include "projections/transverse_mercator.h"
+#include "projections/world.h"
 
 namespace gx_test {
 namespace {
@@ -424,6 +426,195 @@ void laea_inverse(const double* sphere, const double* parms, double* p) {
   p[0] = gx_delta(dlam + parms[kCm]);
 }
 
+// ---- Orthographic and Gnomonic ---------------------------------------------------------
+
+struct Perspective {
+  double dlam, s, c, sc, cc;
+};
+
+Perspective perspective_of(const double* parms, const double* p) {
+  double dlam = gx_delta(p[0] - parms[kLonC]), phic = parms[kLatC];
+  double s = std::sin(p[1]), c = std::cos(p[1]);
+  return {dlam, s, c, std::sin(phic), s * std::sin(phic) + std::cos(dlam) * c * std::cos(phic)};
+}
+
+void perspective_image(const double* parms, const Perspective& v, double k, double* p) {
+  double phic = parms[kLatC];
+  p[0] = std::sin(v.dlam) * k * v.c;
+  p[1] = (v.s * std::cos(phic) - std::cos(v.dlam) * v.c * std::sin(phic)) * k;
+}
+
+void gnomonic_forward(const double* sphere, const double* parms, double* p) {
+  Perspective v = perspective_of(parms, p);
+  if (v.cc > 0 && std::fabs(v.cc) > GX_EPS) {
+    perspective_image(parms, v, sphere[0] / v.cc, p);
+  } else {
+    p[0] = p[1] = NAN;
+  }
+}
+
+void orthographic_forward(const double* sphere, const double* parms, double* p) {
+  Perspective v = perspective_of(parms, p);
+  if (v.cc >= 0) {
+    perspective_image(parms, v, sphere[0], p);
+  } else {
+    p[0] = p[1] = NAN;
+  }
+}
+
+// The turn back from the centre at angle ce, as both inverses state it.
+void perspective_back(const double* parms, double ce, double rho, double* p) {
+  double phic = parms[kLatC], x = p[0], y = p[1];
+  p[1] = std::asin(std::sin(ce) * y / rho * std::cos(phic) + std::cos(ce) * std::sin(phic));
+  double dlam = std::atan2(std::sin(ce) * x, std::cos(ce) * rho * std::cos(phic) - std::sin(ce) * y * std::sin(phic));
+  p[0] = gx_delta(dlam + parms[kLonC]);
+}
+
+void gnomonic_inverse(const double* sphere, const double* parms, double* p) {
+  double rho = std::sqrt(p[0] * p[0] + p[1] * p[1]);
+  if (rho <= GX_EPS) {
+    p[0] = gx_delta(parms[kLonC]);
+    p[1] = parms[kLatC];
+    return;
+  }
+  perspective_back(parms, std::atan(rho / sphere[0]), rho, p);
+}
+
+void orthographic_inverse(const double* sphere, const double* parms, double* p) {
+  double rho = std::sqrt(p[0] * p[0] + p[1] * p[1]), a = sphere[0], phic = parms[kLatC];
+  if (rho <= GX_EPS) {
+    p[0] = gx_delta(parms[kLonC]);
+    p[1] = phic;
+    return;
+  }
+  if (!(rho <= a)) {
+    p[0] = p[1] = NAN;
+    return;
+  }
+  double ce = std::asin(rho / a), x = p[0], y = p[1];
+  p[1] = std::asin((std::sin(ce) / rho) * y * std::cos(phic) + std::cos(ce) * std::sin(phic));
+  double dlam = gx_eq(phic, kHalfPi)    ? std::atan2(x, -y)
+                : gx_eq(phic, -kHalfPi) ? std::atan2(x, y)
+                                         : std::atan2(std::sin(ce) * x, std::cos(ce) * rho * std::cos(phic) -
+                                                                            std::sin(ce) * y * std::sin(phic));
+  p[0] = gx_delta(dlam + parms[kLonC]);
+}
+
+// ---- Mollweide, Eckert_IV, Flat_Polar_Quartic ------------------------------------------
+
+double clamp_unit(double t) { return std::fabs(t) > 1 ? std::copysign(1.0, t) : t; }
+
+struct Rhs {
+  double rhs;
+};
+
+double mollweide_f(double t, const void* context) {
+  return 2 * t + std::sin(2 * t) - static_cast<const Rhs*>(context)->rhs;
+}
+
+void mollweide_forward(const double* sphere, const double* parms, double* p) {
+  double a = sphere[0], dlam = gx_delta(p[0] - parms[kCm]), phi = p[1];
+  Rhs r{std::sin(std::fabs(phi)) * 3.141592653589793};
+  double theta = std::copysign(gx_root_brent(&r, mollweide_f), phi);
+  p[0] = std::cos(theta) * dlam * (a * 0.9003163161571062);
+  p[1] = std::sin(theta) * (a * 1.4142135623730951);
+}
+
+void mollweide_inverse(const double* sphere, const double* parms, double* p) {
+  double cy = sphere[0] * 1.4142135623730951, r = 1 / cy;
+  double theta = std::asin(clamp_unit(p[1] * r)), u = 2 * theta;
+  double phi = std::asin(clamp_unit((std::sin(u) + u) * 0.3183098861837907));
+  double dlam = gx_eq(std::fabs(theta), kHalfPi) ? 0.0 : p[0] * kHalfPi / (std::cos(theta) * cy);
+  p[0] = gx_delta(dlam + parms[kCm]);
+  p[1] = phi;
+}
+
+double eckert_iv_f(double t, const void* context) {
+  return t + std::sin(t) * std::cos(t) + 2 * std::sin(t) - static_cast<const Rhs*>(context)->rhs;
+}
+
+void eckert_iv_forward(const double* sphere, const double* parms, double* p) {
+  double a = sphere[0], dlam = gx_delta(p[0] - parms[kCm]), phi = p[1];
+  Rhs r{std::sin(std::fabs(phi)) * 3.5707963267948966};
+  double theta = std::copysign(gx_root_brent(&r, eckert_iv_f), phi);
+  p[0] = (std::cos(theta) + 1) * dlam * a * 0.4222382003157712;
+  p[1] = std::sin(theta) * a * 1.3265004281770023;
+}
+
+void eckert_iv_inverse(const double* sphere, const double* parms, double* p) {
+  double a = sphere[0];
+  double s = clamp_unit(p[1] * 2.6723758443732786 / (a * 3.544907701811032));
+  double theta = std::asin(s);
+  double phi = std::asin(clamp_unit(((std::cos(theta) + 2) * s + theta) * 0.2800495767557787));
+  double dlam = p[0] * 4.736662856426298 / ((std::cos(theta) + 1) * a * 2);
+  p[0] = gx_delta(dlam + parms[kCm]);
+  p[1] = phi;
+}
+
+void flat_polar_quartic_forward(const double* sphere, const double* parms, double* p) {
+  double a = sphere[0], dlam = gx_delta(p[0] - parms[kCm]), phi = p[1], theta = phi;
+  for (int pass = 0; pass < 10000; ++pass) {
+    double f = std::sin(phi) * 1.7071067811865475 - std::sin(theta * 0.5) - std::sin(theta);
+    double fp = -std::cos(theta * 0.5) * 0.5 - std::cos(theta);
+    theta = theta - f / fp;
+    if (std::fabs(f / fp) <= 1e-13) break;
+  }
+  p[0] = (2 * std::cos(theta) / std::cos(theta * 0.5) + 1) * dlam * (a * 0.3124597141037825);
+  p[1] = std::sin(theta * 0.5) * (a * 1.874758284622695);
+}
+
+void flat_polar_quartic_inverse(const double* sphere, const double* parms, double* p) {
+  double a = sphere[0], s = p[1] * (1 / (a * 1.874758284622695)), t = std::asin(s);
+  double phi = std::asin((std::sin(2 * t) + s) * 0.585786437626905);
+  double dlam = p[0] / ((2 * std::cos(2 * t) / std::cos(t) + 1) * (a * 0.3124597141037825));
+  p[0] = gx_delta(dlam + parms[kCm]);
+  p[1] = phi;
+}
+
+// ---- Azimuthal_Equidistant, ellipsoid ------------------------------------------------------
+
+void aeqd_forward(const double* sphere, const double* parms, double* p) {
+  double a = sphere[0], e2 = sphere[1], phi0 = parms[kLo], dlam = gx_delta(p[0] - parms[kCm]);
+  double r, az;
+  switch (aspect_of(phi0)) {
+    case kNorth:
+    case kSouth:
+      r = (aspect_of(phi0) == kNorth ? kHalfPi - mu_of(e2, p[1]) : mu_of(e2, p[1]) + kHalfPi) * gx_rect_r(a, e2);
+      p[0] = std::sin(dlam) * r;
+      p[1] = (aspect_of(phi0) == kNorth ? -std::cos(dlam) : std::cos(dlam)) * r;
+      return;
+    default:
+      gx_geodesic_distance(a, e2, 0.0, phi0, dlam, p[1], &r, &az, nullptr);
+      p[0] = std::sin(az) * r;
+      p[1] = std::cos(az) * r;
+  }
+}
+
+void aeqd_inverse(const double* sphere, const double* parms, double* p) {
+  double a = sphere[0], e2 = sphere[1], phi0 = parms[kLo], x = p[0], y = p[1];
+  double rho = gx_hypot(x, y), dlam, phi;
+  if (rho == 0) {
+    p[0] = gx_delta(parms[kCm]);
+    p[1] = phi0;
+    return;
+  }
+  double quarter = gx_rect_r(a, e2) * kHalfPi;
+  switch (aspect_of(phi0)) {
+    case kNorth:
+      phi = phi_of_mu(e2, (1 - rho / quarter) * kHalfPi);
+      dlam = std::atan2(x, -y);
+      break;
+    case kSouth:
+      phi = phi_of_mu(e2, (rho / quarter - 1) * kHalfPi);
+      dlam = std::atan2(x, y);
+      break;
+    default:
+      gx_geodesic_coordinate(a, e2, 0.0, phi0, rho, std::atan2(x, y), &dlam, &phi);
+  }
+  p[0] = gx_delta(dlam + parms[kCm]);
+  p[1] = phi;
+}
+
 // ---- the runner ----------------------------------------------------------------------
 
 using Literal = void (*)(const double* sphere, const double* parms, double* point);
@@ -573,6 +764,32 @@ const LiteralCase kCases[] = {
     {"LambertAzimuthalEquatorialWgs84", gx_lambert_azimuthal_equal_area_forward,
      gx_lambert_azimuthal_equal_area_inverse, gx_lambert_azimuthal_equal_area_constants, laea_forward,
      laea_inverse, kWgs84A, kWgs84E2, {{kCm, -60}, {kLo, 0}}, 179, -90, 90},
+    {"GnomonicObliqueSphere", gx_gnomonic_forward, gx_gnomonic_inverse, gx_gnomonic_constants,
+     gnomonic_forward, gnomonic_inverse, kSphereR, 0.0, {{kCm, -30}, {kLonC, -30}, {kLatC, 40}}, 180, -90, 90},
+    {"GnomonicNorthSphere", gx_gnomonic_forward, gx_gnomonic_inverse, gx_gnomonic_constants,
+     gnomonic_forward, gnomonic_inverse, kSphereR, 0.0, {{kCm, 0}, {kLonC, 0}, {kLatC, 90}}, 180, -90, 90},
+    {"OrthographicObliqueSphere", gx_orthographic_forward, gx_orthographic_inverse, gx_gnomonic_constants,
+     orthographic_forward, orthographic_inverse, kSphereR, 0.0, {{kCm, 100}, {kLonC, 100}, {kLatC, -35}}, 180,
+     -90, 90},
+    {"OrthographicSouthSphere", gx_orthographic_forward, gx_orthographic_inverse, gx_gnomonic_constants,
+     orthographic_forward, orthographic_inverse, kSphereR, 0.0, {{kCm, 0}, {kLonC, 0}, {kLatC, -90}}, 180,
+     -90, 90},
+    {"MollweideSphere", gx_mollweide_forward, gx_mollweide_inverse, gx_mollweide_constants,
+     mollweide_forward, mollweide_inverse, kSphereR, 0.0, {{kCm, 150}}, 180, -90, 90},
+    {"EckertIVSphere", gx_eckert_iv_forward, gx_eckert_iv_inverse, nullptr, eckert_iv_forward,
+     eckert_iv_inverse, kSphereR, 0.0, {{kCm, -20}}, 180, -90, 90},
+    {"FlatPolarQuarticSphere", gx_flat_polar_quartic_forward, gx_flat_polar_quartic_inverse,
+     gx_flat_polar_quartic_constants, flat_polar_quartic_forward, flat_polar_quartic_inverse, kSphereR, 0.0,
+     {{kCm, 40}}, 180, -90, 90},
+    {"AzimuthalEquidistantObliqueWgs84", gx_azimuthal_equidistant_forward,
+     gx_azimuthal_equidistant_inverse, gx_azimuthal_equidistant_constants, aeqd_forward, aeqd_inverse,
+     kWgs84A, kWgs84E2, {{kCm, 10}, {kLo, 50}}, 179, -90, 90},
+    {"AzimuthalEquidistantEquatorialWgs84", gx_azimuthal_equidistant_forward,
+     gx_azimuthal_equidistant_inverse, gx_azimuthal_equidistant_constants, aeqd_forward, aeqd_inverse,
+     kWgs84A, kWgs84E2, {{kCm, 0}, {kLo, 0}}, 179, -90, 90},
+    {"AzimuthalEquidistantNorthWgs84", gx_azimuthal_equidistant_forward,
+     gx_azimuthal_equidistant_inverse, gx_azimuthal_equidistant_constants, aeqd_forward, aeqd_inverse,
+     kWgs84A, kWgs84E2, {{kCm, 0}, {kLo, 90}}, 180, -90, 90},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, LiteralReference, ::testing::ValuesIn(kCases),
