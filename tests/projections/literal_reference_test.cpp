@@ -571,6 +571,89 @@ void flat_polar_quartic_inverse(const double* sphere, const double* parms, doubl
   p[1] = phi;
 }
 
+// ---- Robinson and Goode_Homolosine -------------------------------------------------------
+
+const double kRobinsonY[20] = {-0.062, 0,      0.062,  0.124,  0.186,  0.248,  0.31,
+                               0.372,  0.434,  0.4958, 0.5571, 0.6176, 0.6769, 0.7346,
+                               0.7903, 0.8435, 0.8936, 0.9394, 0.9761, 1};
+const double kRobinsonX[20] = {0.9986, 1,      0.9986, 0.9954, 0.99,   0.9822, 0.973,
+                               0.96,   0.9427, 0.9216, 0.8962, 0.8679, 0.835,  0.7986,
+                               0.7597, 0.7186, 0.6732, 0.6213, 0.5722, 0.5322};
+
+double robinson_row(int k) { return (k * 5 - 5) * 0.017453292519943295; }
+
+double stirling3(const double* f, double v) {
+  for (int i = 2; i <= 19; ++i) {
+    if (v <= robinson_row(i)) {
+      double p = (v - robinson_row(i - 1)) / (robinson_row(i) - robinson_row(i - 1));
+      return (p - 1) * p * 0.5 * f[i - 2] + (p + 1) * p * 0.5 * f[i] + (1 - p) * (p + 1) * f[i - 1];
+    }
+  }
+  return f[19];
+}
+
+void robinson_forward(const double* sphere, const double* parms, double* p) {
+  double R = gx_auth_r(sphere[0], sphere[1]), dlam = gx_delta(p[0] - parms[kCm]), phi = p[1];
+  p[0] = dlam * stirling3(kRobinsonX, std::fabs(phi)) * (R * 0.8487);
+  p[1] = std::copysign(stirling3(kRobinsonY, std::fabs(phi)) * (R * 1.3523319842835606), phi);
+}
+
+void robinson_inverse(const double* sphere, const double* parms, double* p) {
+  double R = gx_auth_r(sphere[0], sphere[1]);
+  double t = std::fabs(p[1]) / (R * 1.3523319842835606), lo = 0, hi = kHalfPi, mid = 0;
+  for (int pass = 0; pass < 10000; ++pass) {
+    mid = (hi + lo) * 0.5;
+    double f = stirling3(kRobinsonY, mid) - t;
+    if (gx_eq(f, 0.0) || gx_eq(lo, hi)) break;
+    (f > 0 ? hi : lo) = mid;
+  }
+  double dlam = p[0] / (stirling3(kRobinsonX, mid) * (R * 0.8487));
+  if (std::fabs(dlam) > kPi) dlam = gx_eq(std::fabs(dlam), kPi) ? std::copysign(kPi, dlam) : NAN;
+  p[0] = std::isnan(dlam) ? NAN : gx_delta(dlam + parms[kCm]);
+  p[1] = std::isnan(dlam) ? NAN : std::copysign(mid, p[1]);
+}
+
+// Option 0: one lobe about the central meridian.
+constexpr double kGoodeMeet = 0.7109888814838452;
+
+double goode_offset(double a) {
+  Rhs r{std::sin(kGoodeMeet) * 3.141592653589793};
+  return std::sin(gx_root_brent(&r, mollweide_f)) * a * 1.4142135623730951 - a * kGoodeMeet;
+}
+
+void goode_forward(const double* sphere, const double* parms, double* p) {
+  double a = sphere[0], dlam = gx_delta(p[0] - parms[kCm]), phi = p[1];
+  if (std::fabs(phi) <= kGoodeMeet) {
+    p[0] = dlam * std::cos(phi) * a;
+    p[1] = phi * a;
+    return;
+  }
+  Rhs r{std::sin(std::fabs(phi)) * 3.141592653589793};
+  double theta = std::copysign(gx_root_brent(&r, mollweide_f), phi);
+  double offset = goode_offset(a);
+  p[0] = dlam * std::cos(theta) * (a * 0.9003163161571062);
+  p[1] = std::sin(theta) * (a * 1.4142135623730951) + (phi >= 0 ? -offset : offset);
+}
+
+void goode_inverse(const double* sphere, const double* parms, double* p) {
+  double a = sphere[0], cy = a * 1.4142135623730951, x = p[0], y = p[1], dlam, phi;
+  if ((std::fabs(x) > a * kPi && !gx_eq(std::fabs(x), a * kPi)) || (std::fabs(y) > cy && !gx_eq(std::fabs(y), cy))) {
+    p[0] = p[1] = NAN;
+    return;
+  }
+  if (std::fabs(y) <= a * kGoodeMeet) {
+    phi = y / a;
+    dlam = x / (std::cos(phi) * a);
+  } else {
+    double offset = goode_offset(a);
+    double theta = std::asin(clamp_unit(y >= 0 ? (y + offset) / cy : (y - offset) / cy));
+    phi = std::asin(clamp_unit((std::sin(2 * theta) + 2 * theta) * 0.3183098861837907));
+    dlam = gx_eq(std::fabs(theta), kHalfPi) ? 0.0 : x * 1.5707963267948966 / (std::cos(theta) * cy);
+  }
+  p[0] = gx_delta(dlam + parms[kCm]);
+  p[1] = phi;
+}
+
 // ---- Azimuthal_Equidistant, ellipsoid ------------------------------------------------------
 
 void aeqd_forward(const double* sphere, const double* parms, double* p) {
@@ -790,6 +873,10 @@ const LiteralCase kCases[] = {
     {"AzimuthalEquidistantNorthWgs84", gx_azimuthal_equidistant_forward,
      gx_azimuthal_equidistant_inverse, gx_azimuthal_equidistant_constants, aeqd_forward, aeqd_inverse,
      kWgs84A, kWgs84E2, {{kCm, 0}, {kLo, 90}}, 180, -90, 90},
+    {"RobinsonWgs84", gx_robinson_forward, gx_robinson_inverse, gx_robinson_constants, robinson_forward,
+     robinson_inverse, kWgs84A, kWgs84E2, {{kCm, 11}}, 180, -90, 90},
+    {"GoodeHomolosineSphere", gx_goode_homolosine_forward, gx_goode_homolosine_inverse,
+     gx_goode_homolosine_constants, goode_forward, goode_inverse, kSphereR, 0.0, {{kCm, -160}}, 180, -90, 90},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, LiteralReference, ::testing::ValuesIn(kCases),
