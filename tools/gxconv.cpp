@@ -12,6 +12,7 @@
 // MGRS[:PRECISION] or GEOREF[:PRECISION].  Messages of the library reach
 // standard error as "severity code function: message".
 #include <cctype>
+#include <cerrno>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -45,7 +46,7 @@ bool read_argument(const char* argument, std::string& text) {
   }
   FILE* file = std::fopen(argument + 1, "rb");
   if (file == nullptr) {
-    std::fprintf(stderr, "gxconv: cannot open %s\n", argument + 1);
+    std::fprintf(stderr, "gxconv: cannot open %s: %s\n", argument + 1, std::strerror(errno));
     return false;
   }
   char chunk[4096];
@@ -221,6 +222,17 @@ struct gx_job {
   gx_geogtran* via = nullptr;
   int direction = 0;
   gx_geogcs* default_geogcs = nullptr;  // for a reference at both ends
+
+  gx_job() = default;
+  gx_job(const gx_job&) = delete;
+  gx_job& operator=(const gx_job&) = delete;
+  // Whatever way the run ends, its definitions go.
+  ~gx_job() {
+    gx_object_del(from.system);
+    gx_object_del(to.system);
+    gx_geogtran_del(via);
+    gx_geogcs_del(default_geogcs);
+  }
 };
 
 // The geographic system on each side of the datum step.
@@ -239,18 +251,44 @@ gx_geogcs* target_geographic(const gx_job& job) {
   return source_geographic(job);
 }
 
-// Reads a coordinate line: two numbers separated by blanks or a comma, or a
-// reference for a reference source; the rest of the line is carried along.
-bool parse_pair(const char* line, double* xy, std::string& rest) {
+// Reads a coordinate line: two numbers separated by blanks or a comma; the
+// rest of the line (a label, say) is carried along.  On failure `why` says
+// in words what is wrong with the line.
+bool parse_pair(const char* line, double* xy, std::string& rest, std::string& why) {
+  const char* p = line;
+  for (int i = 0; i < 2; ++i) {
+    while (*p == ' ' || *p == '\t' || (i == 1 && *p == ',')) ++p;
+    char* end = nullptr;
+    xy[i] = std::strtod(p, &end);
+    if (end == p) {
+      why = *p == '\0' ? (i == 0 ? "no numbers" : "one number where two are needed (x y)")
+                       : std::string(i == 0 ? "the first" : "the second") + " column is not a number: \"" +
+                             std::string(p, std::strcspn(p, " \t,")) + "\"";
+      return false;
+    }
+    if (!std::isfinite(xy[i])) {
+      why = std::string(i == 0 ? "the first" : "the second") + " number is not finite: \"" +
+            std::string(p, end - p) + "\"";
+      return false;
+    }
+    p = end;
+  }
+  const char* after = p;
+  while (*after == ' ' || *after == '\t' || *after == ',') ++after;
   char* end = nullptr;
-  xy[0] = std::strtod(line, &end);
-  if (end == line) return false;
-  const char* p = end;
-  while (*p == ' ' || *p == '\t' || *p == ',') ++p;
-  xy[1] = std::strtod(p, &end);
-  if (end == p) return false;
-  rest = end;
+  std::strtod(after, &end);
+  if (end != after && (*end == '\0' || *end == ' ' || *end == '\t' || *end == ',')) {
+    why = "a third number where two are expected (x y); heights need a vertical transformation";
+    return false;
+  }
+  rest = p;
   return true;
+}
+
+// Blank lines and comments (from '#') pass through as they are.
+bool is_blank_or_comment(const char* line) {
+  const char* p = line + std::strspn(line, " \t");
+  return *p == '\0' || *p == '#';
 }
 
 bool read_reference(const gx_job& job, const char* text, double* xy) {
@@ -291,8 +329,10 @@ void write_point(const gx_job& job, const double* xy, const std::string& rest) {
 }
 
 // Each input line gives exactly one output line, so that results stay beside
-// their inputs: a line that does not read or a point without an image is
-// written as "*" and told on standard error with its line number.
+// their inputs: blank lines and comments come out as they went in; a line
+// that does not read or a point without an image is written as "*" and told
+// on standard error with its line number and what is wrong.  The run goes on
+// and ends with status 3 when any line failed.
 int convert_lines(const gx_job& job, FILE* input) {
   char line[4096];
   long number = 0;
@@ -301,35 +341,39 @@ int convert_lines(const gx_job& job, FILE* input) {
   while (std::fgets(line, sizeof line, input) != nullptr) {
     ++number;
     line[std::strcspn(line, "\r\n")] = '\0';
+    if (is_blank_or_comment(line)) {
+      std::printf("%s\n", line);
+      continue;
+    }
     double xy[2];
-    std::string rest;
+    std::string rest, why;
     bool ok;
     if (reference_source) {
       std::string reference(line);
       size_t start = reference.find_first_not_of(" \t");
-      size_t stop = reference.find_first_of(" \t,", start == std::string::npos ? 0 : start);
-      if (start != std::string::npos) {
-        rest = stop == std::string::npos ? "" : reference.substr(stop);
-        reference = reference.substr(start, stop == std::string::npos ? std::string::npos : stop - start);
-      }
-      ok = start != std::string::npos && read_reference(job, reference.c_str(), xy);
+      size_t stop = reference.find_first_of(" \t,", start);
+      rest = stop == std::string::npos ? "" : reference.substr(stop);
+      reference = reference.substr(start, stop == std::string::npos ? std::string::npos : stop - start);
+      ok = read_reference(job, reference.c_str(), xy);
+      if (!ok) why = "\"" + reference + "\" is not a valid reference";
     } else {
-      ok = parse_pair(line, xy, rest);
+      ok = parse_pair(line, xy, rest, why);
     }
     if (!ok) {
-      std::fprintf(stderr, "gxconv: line %ld does not read: %s\n", number, line);
+      std::fprintf(stderr, "gxconv: line %ld: %s\n", number, why.c_str());
       std::printf("*\n");
       ++failures;
       continue;
     }
     if (!convert_point(job, xy)) {
-      std::fprintf(stderr, "gxconv: line %ld has no image in the target system\n", number);
+      std::fprintf(stderr, "gxconv: line %ld: the point has no image in the target system\n", number);
       std::printf("*%s\n", rest.c_str());
       ++failures;
       continue;
     }
     write_point(job, xy, rest);
   }
+  if (failures > 0) std::fprintf(stderr, "gxconv: %d of %ld lines failed\n", failures, number);
   return failures == 0 ? 0 : 3;
 }
 
@@ -337,6 +381,11 @@ bool same_geographic(const gx_job& job) {
   gx_geogcs* a = geographic_of(job.from);
   gx_geogcs* b = geographic_of(job.to);
   return a == nullptr || b == nullptr || gx_geogcs_eq(a, b);
+}
+
+int repeated(const char* option) {
+  std::fprintf(stderr, "gxconv: %s is given twice\n", option);
+  return 2;
 }
 
 int run_conversion(int argc, char** argv) {
@@ -347,14 +396,17 @@ int run_conversion(int argc, char** argv) {
     std::string option = argv[i];
     bool has_value = i + 1 < argc;
     if (option == "--from" && has_value) {
+      if (have_from) return repeated("--from");
       if (!parse_end(argv[++i], job.from)) return 1;
       have_from = true;
     } else if (option == "--to" && has_value) {
+      if (have_to) return repeated("--to");
       if (!parse_end(argv[++i], job.to)) return 1;
       have_to = true;
     } else if (option == "--via" && has_value) {
       std::string text;
       if (!read_argument(argv[++i], text)) return 1;
+      gx_geogtran_del(job.via);
       job.via = gx_geogtran_from_string(text.c_str());
       if (job.via == nullptr) {
         std::fprintf(stderr, "gxconv: the transformation does not read\n");
@@ -382,15 +434,11 @@ int run_conversion(int argc, char** argv) {
   }
   FILE* input = input_name != nullptr ? std::fopen(input_name, "r") : stdin;
   if (input == nullptr) {
-    std::fprintf(stderr, "gxconv: cannot open %s\n", input_name);
+    std::fprintf(stderr, "gxconv: cannot open %s: %s\n", input_name, std::strerror(errno));
     return 2;
   }
   int result = convert_lines(job, input);
   if (input != stdin) std::fclose(input);
-  gx_object_del(job.from.system);
-  gx_object_del(job.to.system);
-  gx_geogtran_del(job.via);
-  gx_geogcs_del(job.default_geogcs);
   return result;
 }
 
@@ -401,7 +449,10 @@ void usage() {
                "       gxconv --wkt DEF             read, check and print a definition\n"
                "       gxconv --from DEF --to DEF [--via DEF [--reverse]] [FILE]\n"
                "DEF is WKT text, @FILE, or MGRS[:PRECISION] / GEOREF[:PRECISION] as an end.\n"
-               "Input lines are 'x y' (or a reference); each gives one output line.\n");
+               "Input lines are 'x y' (or a reference), a label may follow; each gives one\n"
+               "output line.  Blank lines and lines from '#' pass through; a line that\n"
+               "fails gives '*', is told on standard error with its number, and makes\n"
+               "the exit status 3.\n");
 }
 
 }  // namespace

@@ -12,6 +12,7 @@ command -v cmake >/dev/null || need+=(cmake)
 command -v g++ >/dev/null || need+=(g++)
 command -v clang++ >/dev/null || need+=(clang)
 command -v pkg-config >/dev/null || need+=(pkg-config)
+command -v valgrind >/dev/null || need+=(valgrind)
 # libFuzzer's runtime for the fuzz harnesses.
 ls /usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-x86_64.a >/dev/null 2>&1 ||
   need+=(libclang-rt-14-dev)

@@ -5,9 +5,12 @@
 #include <cmath>
 #include <cstdio>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include <unistd.h>
 
 #include "methods/grid_files.h"
 
@@ -19,12 +22,17 @@ const std::string kTool = GX_CONVERTER;
 struct ToolRun {
   int status;
   std::vector<std::string> lines;
+  std::string errors;  // what it said on standard error
 };
 
 // `environment` is put before the command, as "NAME=value ...".
 ToolRun RunTool(const std::string& arguments, const std::string& environment = "") {
   ToolRun run;
-  std::string command = environment + " " + kTool + " " + arguments + " 2>/dev/null";
+  // ctest runs tests side by side: each run has a file of its own.
+  static int runs = 0;
+  std::string errors = kData + "/../gxconv_errors_" + std::to_string(getpid()) + "_" +
+                       std::to_string(++runs) + ".txt";
+  std::string command = environment + " " + kTool + " " + arguments + " 2>" + errors;
   FILE* pipe = popen(command.c_str(), "r");
   char line[4096];
   while (pipe != nullptr && std::fgets(line, sizeof line, pipe) != nullptr) {
@@ -33,6 +41,9 @@ ToolRun RunTool(const std::string& arguments, const std::string& environment = "
     run.lines.push_back(text);
   }
   run.status = pipe != nullptr ? pclose(pipe) : -1;
+  std::ifstream said(errors);
+  run.errors.assign(std::istreambuf_iterator<char>(said), std::istreambuf_iterator<char>());
+  std::remove(errors.c_str());
   return run;
 }
 
@@ -187,18 +198,51 @@ TEST(Converter, Ed50ThroughPositionVectorIntoUtm31AgreesWithCs2cs) {
   EXPECT_TRUE(refused.lines.empty());
 }
 
-TEST(Converter, BadLinesKeepTheirPlace) {
+TEST(Converter, BadLinesAreToldByNumberAndTheRunGoesOn) {
+  // Each line in, what comes out for it, and what standard error says of it.
+  struct Case {
+    const char* in;
+    const char* out;  // "" for a converted point
+    const char* said;
+  } cases[] = {
+      {"15 50", "", nullptr},
+      {"", "", nullptr},
+      {"# a comment", "# a comment", nullptr},
+      {"abc 50", "*", "line 4: the first column is not a number: \"abc\""},
+      {"15", "*", "line 5: one number where two are needed"},
+      {"15 50 100", "*", "line 6: a third number where two are expected"},
+      {"nan 50", "*", "line 7: the first number is not finite"},
+      {"15 inf", "*", "line 8: the second number is not finite"},
+      {"16,51 Berlin", "", nullptr},
+  };
   std::string input = kData + "/../mixed_input.txt";
   {
     std::ofstream file(input);
-    file << "15 50\nnot a point\n16 51\n";
+    for (const Case& c : cases) file << c.in << "\n";
   }
   ToolRun run = RunTool("--from @" + kData + "/wgs84.wkt --to @" + kData + "/utm33n.wkt " + input);
   std::remove(input.c_str());
-  EXPECT_NE(run.status, 0);
-  ASSERT_EQ(run.lines.size(), 3u);
-  EXPECT_EQ(run.lines[1], "*");
-  EXPECT_NE(run.lines[2], "*");
+  EXPECT_EQ(run.status >> 8, 3);
+  ASSERT_EQ(run.lines.size(), std::size(cases));
+  for (size_t i = 0; i < std::size(cases); ++i) {
+    const Case& c = cases[i];
+    if (c.out[0] != '\0' || c.in[0] == '\0') EXPECT_EQ(run.lines[i], c.out) << "line " << i + 1;
+    else EXPECT_NE(run.lines[i].find('.'), std::string::npos) << "line " << i + 1;
+    if (c.said != nullptr) EXPECT_NE(run.errors.find(c.said), std::string::npos) << c.said << " in " << run.errors;
+  }
+  EXPECT_NE(run.errors.find("5 of 9 lines failed"), std::string::npos) << run.errors;
+  EXPECT_NE(run.lines[8].find("Berlin"), std::string::npos);
+}
+
+TEST(Converter, DefinitionsAndFilesThatDoNotOpenAreToldInWords) {
+  ToolRun missing = RunTool("--from @" + kData + "/wgs84.wkt --to @" + kData + "/utm33n.wkt /no/such/file");
+  EXPECT_NE(missing.status, 0);
+  EXPECT_NE(missing.errors.find("cannot open /no/such/file: No such file"), std::string::npos);
+  ToolRun unread = RunTool("--from @" + kData + "/wgs84.wkt --to 'PROJCS[\"x\",GEOGCS[\"g\",DATUM[\"d\","
+                           "SPHEROID[\"s\",6378137,298.3]],PRIMEM[\"G\",0],UNIT[\"Degree\",0.0174532925199433]],"
+                           "PROJECTION[\"Nope\"],UNIT[\"Meter\",1]]' /dev/null");
+  EXPECT_NE(unread.status, 0);
+  EXPECT_NE(unread.errors.find("Invalid projection name \"Nope\""), std::string::npos) << unread.errors;
 }
 
 TEST(Converter, ProjectedBackToGeographicAndToGridReferences) {
