@@ -3,12 +3,16 @@
 // conversion whose constants can't be allocated still converts.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 
 #include "frame/hook_support.h"
 #include "frame/object.h"
 #include "gx_convert.h"
 #include "gx_objects.h"
+#include "methods/grid_files.h"
+#include "objects/projlist.h"
+#include "support/definitions.h"
 
 namespace {
 
@@ -115,6 +119,108 @@ TEST(NoMemory, AuthorityMadeOnDemandMayFail) {
   }
   EXPECT_NE(gx_parameter_authority(parameter), nullptr);
   gx_parameter_del(parameter);
+}
+
+}  // namespace
+
+namespace {
+
+// Loads the constants of a fresh definition with the k-th allocation
+// failing, for every k until a load goes through: a failed load keeps
+// nothing, and the definition converts as before, through the set-up.
+void LoadUnderEveryFailure(const std::string& text) {
+  gx_projcs* reference = gx_projcs_from_string(text.c_str());
+  ASSERT_NE(reference, nullptr) << text;
+  int32_t full = gx_projcs_load_constants(reference);
+  double want[2] = {1.0, 1.0};
+  gx_geog_to_proj(reference, 1, want);
+  for (long k = 0; k < 64; ++k) {
+    gx_projcs* projcs = gx_projcs_from_string(text.c_str());
+    int32_t got;
+    {
+      FailAfter fail(k);
+      got = gx_projcs_load_constants(projcs);
+    }
+    double xy[2] = {1.0, 1.0};
+    gx_geog_to_proj(projcs, 1, xy);
+    EXPECT_TRUE(std::memcmp(xy, want, sizeof xy) == 0) << text << " after failure " << k;
+    bool done = got == full;
+    if (!done) EXPECT_EQ(got, 0) << text;
+    gx_projcs_del(projcs);
+    if (done) break;
+  }
+  gx_projcs_del(reference);
+}
+
+TEST(NoMemory, EveryProjectionLoaderMayFail) {
+  for (int i = 0; i < gx_projlist_count(); ++i) {
+    const gx_projection_row& row = gx_projlist_rows()[i];
+    for (const char* geogcs : {gx_test::kWgs84Geogcs, gx_test::kSphereGeogcs})
+      LoadUnderEveryFailure(gx_test::DefaultDefinition(row, geogcs));
+  }
+}
+
+TEST(NoMemory, EveryFamilyClonesUnderEveryFailure) {
+  const std::string geogcs = gx_test::kWgs84Geogcs;
+  const std::string texts[] = {
+      kUtm, geogcs, "UNIT[\"Foot\",0.3048,AUTHORITY[\"EPSG\",9002]]", "PRIMEM[\"Paris\",2.337]",
+      "DATUM[\"D\",SPHEROID[\"S\",6378137.0,298.257223563],AUTHORITY[\"EPSG\",6326]]",
+      "PARAMETER[\"Azimuth\",3]", "METHOD[\"Geocentric_Translation\"]",
+      "GEOGTRAN[\"T\"," + geogcs + "," + geogcs + ",METHOD[\"Geocentric_Translation\"],"
+      "PARAMETER[\"X_Axis_Translation\",1]]"};
+  for (const std::string& text : texts) {
+    void* obj = gx_object_from_string(text.c_str());
+    ASSERT_NE(obj, nullptr) << text;
+    for (long k = 0; k < 64; ++k) {
+      void* copy;
+      {
+        FailAfter fail(k);
+        copy = gx_object_clone(obj);
+      }
+      if (copy == nullptr) continue;
+      EXPECT_EQ(gx_object_eq(copy, obj), 1) << text;
+      gx_object_del(copy);
+      break;
+    }
+    gx_object_del(obj);
+  }
+}
+
+// A grid transformation whose file is read under every failure: refused with
+// "No memory" or loaded, nothing kept of a failed read, and the file read
+// again when asked once memory is back.
+void GridLoadsUnderEveryFailure(const std::string& method, const std::string& dataset) {
+  const std::string geogcs = gx_test::kWgs84Geogcs;
+  std::string text = "GEOGTRAN[\"T\"," + geogcs + "," + geogcs + ",METHOD[\"" + method +
+                     "\"],PARAMETER[\"Dataset_" + dataset + "\",0.0]]";
+  for (long k = 0; k < 64; ++k) {
+    gx_geogtran* tran = gx_geogtran_from_string(text.c_str());
+    ASSERT_NE(tran, nullptr) << text;
+    int32_t got;
+    {
+      FailAfter fail(k);
+      got = gx_geogtran_load_constants(tran);
+    }
+    gx_geogtran_unload_constants(tran);
+    int32_t again = gx_geogtran_load_constants(tran);
+    EXPECT_GT(again, 0) << method << " after failure " << k;
+    gx_geogtran_del(tran);
+    if (got > 0) break;
+  }
+}
+
+TEST(NoMemory, GridFilesMayFailToLoad) {
+  gx_test::temp_datahome home;
+  gx_test::ntv2_file file;
+  file.grids.push_back({"ROOT", "NONE", 36000, 43200, -75600, -68400, 1800, 1800,
+                        gx_test::bilinear_field(1, 0.5f, 0.25f, 0), gx_test::bilinear_field(2, 0, 0, 0)});
+  home.write("ntv2/oom.gsb", gx_test::ntv2_bytes(file));
+  GridLoadsUnderEveryFailure("NTv2", "oom");
+  gx_test::nadcon_grid_file grid;
+  grid.lon_shift = gx_test::bilinear_field(1, 0, 0, 0);
+  grid.lat_shift = gx_test::bilinear_field(2, 0, 0, 0);
+  home.write_nadcon("nadcon", "oom", grid);
+  GridLoadsUnderEveryFailure("NADCON", "oom");
 }
 
 }  // namespace
