@@ -27,6 +27,9 @@ struct Duplication {
     dx = (mean - x) / mean;
     dy = (mean - y) / mean;
     dz = (mean - z) / mean;
+    // A NaN argument never settles: it ends the duplication at once, with
+    // the NaN it would give after the cap.
+    if (std::isnan(mean)) return true;
     return std::fabs(dx) < kCarlsonTolerance && std::fabs(dy) < kCarlsonTolerance &&
            std::fabs(dz) < kCarlsonTolerance;
   }

@@ -166,6 +166,8 @@ int32_t ellipsoid_forward(const double* c, const double* sphere, const double* p
       gx_complex next = sub(u, div(sub(psi_of(sn, e), w), dpsi));
       done = settled(u, next, c);
       u = next;
+      // A NaN never settles: the point has no image, as after the last step.
+      if (std::isnan(u.re) || std::isnan(u.im)) break;
     }
     if (!done) {
       gx_point_nan(p);
@@ -203,6 +205,8 @@ int32_t ellipsoid_inverse(const double* c, const double* sphere, const double* p
       gx_complex next = sub(u, div(f, slope));
       done = settled(u, next, c);
       u = next;
+      // A NaN never settles: the point has no image, as after the last step.
+      if (std::isnan(u.re) || std::isnan(u.im)) break;
     }
     if (!done) {
       gx_point_nan(p);

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "gx_convert.h"
 #include "gx_objects.h"
@@ -87,6 +88,42 @@ TEST_P(ProjectionListRows, ForwardThenInverseReturnsNearTheCentre) {
     }
     // Near its centre, every projection of the list has an image.
     EXPECT_EQ(returned, tried) << row.name;
+    gx_projcs_del(projcs);
+  }
+}
+
+TEST_P(ProjectionListRows, WildPointsAndParametersEnd) {
+  // NaN, infinities, huge values and poles as points, and as each parameter
+  // in turn: every conversion returns (the iterations' caps end them), and
+  // leaves every point in its place, converted or NaN.
+  const double wild[] = {NAN, INFINITY, -INFINITY, 1e300, -1e300, 0.0, 90.0, -90.0, 180.0, 1e-310};
+  std::vector<double> points;
+  for (double u : wild)
+    for (double v : wild) {
+      points.push_back(u);
+      points.push_back(v);
+    }
+  const int32_t n = static_cast<int32_t>(points.size() / 2);
+  const gx_projection_row& row = gx_projlist_rows()[GetParam()];
+  for (const char* geogcs : {kWgs84, kSphere}) {
+    gx_projcs* projcs = gx_projcs_from_string(DefaultDefinition(row, geogcs).c_str());
+    ASSERT_NE(projcs, nullptr);
+    gx_parameter* slots[16];
+    gx_projcs_parameters(projcs, slots);
+    for (int slot = -1; slot < 16; ++slot) {
+      if (slot >= 0 && slots[slot] == nullptr) continue;
+      double kept = slot >= 0 ? gx_parameter_value(slots[slot]) : 0.0;
+      for (double value : {double(NAN), 0.0, 1e300, -90.0, 90.0}) {
+        if (slot >= 0) gx_parameter_value_set(slots[slot], value);
+        gx_projcs_unload_constants(projcs);
+        std::vector<double> work = points;
+        EXPECT_LE(gx_geog_to_proj(projcs, n, work.data()), n) << row.name;
+        work = points;
+        EXPECT_LE(gx_proj_to_geog(projcs, n, work.data()), n) << row.name;
+        if (slot < 0) break;
+      }
+      if (slot >= 0) gx_parameter_value_set(slots[slot], kept);
+    }
     gx_projcs_del(projcs);
   }
 }
