@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Builds the library and runs the whole test suite twice: a release build and
-# an ASan+UBSan build; then a short smoke run of every fuzz harness.
+# an ASan+UBSan build; then the tests of concurrent use under ThreadSanitizer,
+# and a short smoke run of every fuzz harness (tools/fuzz-long.sh runs the
+# long campaign).
 # Installs what a fresh machine lacks with apt-get.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
@@ -34,6 +36,11 @@ cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DGX_SANITIZE=ON -DGX_BUILD_TO
 cmake --build build-asan -j"$jobs"
 ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
   ctest --test-dir build-asan --output-on-failure -j"$jobs"
+
+echo "== thread-sanitizer build and the tests of concurrent use"
+cmake -S . -B build-tsan -DCMAKE_BUILD_TYPE=RelWithDebInfo -DGX_SANITIZE_THREAD=ON -DGX_BUILD_TOOLS=OFF >/dev/null
+cmake --build build-tsan -j"$jobs"
+TSAN_OPTIONS=halt_on_error=1 ctest --test-dir build-tsan --output-on-failure -j"$jobs"
 
 if command -v clang++ >/dev/null && [ -d fuzz ] && ls fuzz/*.cpp >/dev/null 2>&1; then
   echo "== fuzz smoke run"
