@@ -94,9 +94,8 @@ GX_API void gx_cart_to_curv(double a, double e2, double x, double y, double z, d
  * 0.1 mm everywhere.
  *
  * A start or end at a pole takes its azimuth from the other point's
- * longitude: that longitude in the south, pi minus it in the north.  Two
- * distinct points both on the equator (and not antipodal) make Vincenty's
- * series undefined (0/0): they come back as NaN. */
+ * longitude: that longitude in the south, pi minus it in the north.  A line
+ * along the equator has the distance along it and azimuths of +-pi/2. */
 
 /* Inverse problem: distance from point 1 to point 2, azimuth12 at point 1
  * towards point 2, azimuth21 at point 2 back towards point 1.  Any result
@@ -111,6 +110,19 @@ GX_API void gx_geodesic_distance(double a, double e2, double lambda1, double phi
 GX_API void gx_geodesic_coordinate(double a, double e2, double lambda1, double phi1,
                                    double distance, double azimuth, double *lambda2,
                                    double *phi2);
+
+/* The same for n lines at once, for callers that hold arrays (bindings to
+ * other languages, say).  from and to: n (longitude, latitude) pairs;
+ * distance, azimuth12, azimuth21: n values each, any of them null when not
+ * wanted.  Returns n, or 0 when n < 1 or from or to is null. */
+GX_API int32_t gx_geodesic_distance_n(double a, double e2, int32_t n, const double *from,
+                                      const double *to, double *distance, double *azimuth12,
+                                      double *azimuth21);
+/* n direct problems: from n pairs, n distances and n azimuths to n pairs.
+ * Returns n, or 0 when n < 1 or an array is null. */
+GX_API int32_t gx_geodesic_coordinate_n(double a, double e2, int32_t n, const double *from,
+                                        const double *distance, const double *azimuth,
+                                        double *to);
 
 #ifdef __cplusplus
 }

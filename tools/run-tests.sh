@@ -22,6 +22,12 @@ ls /usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-x86_64.a >/dev/null 
 [ -f /usr/include/benchmark/benchmark.h ] || need+=(libbenchmark-dev)
 # Published NTv2 grids that the tests read (BETA2007.gsb, ntf_r93.gsb, ...).
 [ -f /usr/share/proj/BETA2007.gsb ] || need+=(proj-data)
+# The Python package's tests: Debian's python3 with NumPy, pytest, pyproj
+# (the reference) and Dask for the cluster example.
+for module in numpy:python3-numpy pytest:python3-pytest pyproj:python3-pyproj \
+              dask:python3-dask distributed:python3-distributed pandas:python3-pandas; do
+  /usr/bin/python3 -c "import ${module%%:*}" 2>/dev/null || need+=("${module#*:}")
+done
 if [ ${#need[@]} -gt 0 ]; then
   apt-get update -qq && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "${need[@]}" >/dev/null
 fi
@@ -30,6 +36,9 @@ echo "== release build and tests"
 cmake -S . -B build -DCMAKE_BUILD_TYPE=Release -DGX_BUILD_BENCH=ON >/dev/null
 cmake --build build -j"$jobs"
 ctest --test-dir build --output-on-failure -j"$jobs"
+
+echo "== Python package"
+ORVAMOBILEGX_LIBRARY="$top/build/libORVAMobileGX.so" /usr/bin/python3 -m pytest -q python/tests
 
 echo "== sanitizer build (ASan+UBSan) and tests"
 cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DGX_SANITIZE=ON -DGX_BUILD_TOOLS=ON >/dev/null

@@ -556,3 +556,24 @@ void gx_geodesic_coordinate(double a, double e2, double lambda1, double phi1, do
   gx_geodesic_coordinate_from(gx_geodesic_origin_of(a, e2, lambda1, phi1), distance, azimuth,
                               lambda2, phi2);
 }
+
+int32_t gx_geodesic_distance_n(double a, double e2, int32_t n, const double* from, const double* to,
+                               double* distance, double* azimuth12, double* azimuth21) {
+  if (n < 1 || from == nullptr || to == nullptr) return 0;
+  for (int32_t i = 0; i < n; ++i) {
+    gx_geodesic_distance(a, e2, from[2 * i], from[2 * i + 1], to[2 * i], to[2 * i + 1],
+                         distance ? distance + i : nullptr, azimuth12 ? azimuth12 + i : nullptr,
+                         azimuth21 ? azimuth21 + i : nullptr);
+  }
+  return n;
+}
+
+int32_t gx_geodesic_coordinate_n(double a, double e2, int32_t n, const double* from,
+                                 const double* distance, const double* azimuth, double* to) {
+  if (n < 1 || from == nullptr || distance == nullptr || azimuth == nullptr || to == nullptr) return 0;
+  for (int32_t i = 0; i < n; ++i) {
+    gx_geodesic_coordinate(a, e2, from[2 * i], from[2 * i + 1], distance[i], azimuth[i], &to[2 * i],
+                           &to[2 * i + 1]);
+  }
+  return n;
+}
