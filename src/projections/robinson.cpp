@@ -41,8 +41,6 @@ constexpr int kCount = 3;
 // The bisection of the inverse halves an interval of pi/2 until its ends are
 // equal; that takes about 50 rounds, and a NaN no more.  The cap is a guard.
 constexpr int kBisectionCap = 200;
-// See latitude_of: how far from the guide's root a midpoint's side is sure.
-constexpr double kGuideMargin = 3e-14;
 
 void setup_factors(double radius, double* k) {
   k[kRadius] = radius;
@@ -93,10 +91,9 @@ int32_t table_forward(const double* k, const double* x_table, double lam0, int32
   });
 }
 
-// Where the interpolated Y equals t, by solving the row's parabola for it:
-// only a guide for the bisection below.  NaN for t outside [0, 1], where
-// there is no such latitude.
-double root_guide(double t) {
+// Where the interpolated Y equals t, by solving the row's parabola for it.
+// NaN for t outside [0, 1], where there is no such latitude.
+double root_of_parabola(double t) {
   if (!(t >= 0.0 && t <= 1.0)) return NAN;
   int i = 2;
   while (i < kRows - 1 && t > kY[i]) ++i;
@@ -107,98 +104,38 @@ double root_guide(double t) {
   return kLatitudes[i - 1] + p * (kLatitudes[i] - kLatitudes[i - 1]);
 }
 
-// The latitude whose interpolated Y is t, by bisection on [0, pi/2]: halve
-// until Y(mid) equals t or the ends meet, in the sense of gx_eq.
-//
-// The bisection is kept to its last bit, but most of its rounds need no
-// interpolation.  Y rises by at least 0.2 per radian everywhere (0.2005 at
-// the pole), so a midpoint farther than kGuideMargin from the guide's root
-// (itself within 1e-15 of the true one) has |Y(mid) - t| of at least 5.8e-15,
-// beyond the tolerance of gx_eq (3.6e-15) with the rounding of Y(mid) - t
-// (under 1e-15) to spare: the round cannot end on f, and its side is the
-// side of the root.  It cannot end on the ends meeting either, for they are
-// more than twice kGuideMargin apart.  Such a round is a guided one; only the
-// last two or three rounds, near the root, interpolate.
-//
-// The search carries its ends halved: (hi + lo) * 0.5 is then the sum of the
-// halves, the same double since halving is exact, and the path from one
-// guided round to the next is an addition and a choice.
-struct latitude_search {
-  double t, root, half_lo, half_hi;
-};
-
-latitude_search search_from(double t) { return {t, root_guide(t), 0.0, GX_HALFPI * 0.5}; }
-
-// One guided round; false, with nothing changed, where the guide cannot
-// decide the round.
-inline bool guided_round(latitude_search& s) {
-  double mid = s.half_hi + s.half_lo;
-  if (!(std::fabs(mid - s.root) > kGuideMargin)) return false;
-  double half = mid * 0.5;
-  bool above = mid > s.root;
-  s.half_hi = above ? half : s.half_hi;
-  s.half_lo = above ? s.half_lo : half;
-  return true;
-}
-
-// The rounds after the guided ones, as the bisection states them (a round
-// the guide can decide still takes its side from it).
-double finish_search(const latitude_search& s) {
-  double lo = 2.0 * s.half_lo, hi = 2.0 * s.half_hi, mid = 0.0;
+// The latitude whose interpolated Y is t.  The stated search bisects [0,
+// pi/2] until Y(mid) equals t or the ends meet, in the sense of gx_eq: it
+// ends within 2e-14 rad of the root of the row's parabola (Y rises by at
+// least 0.2 per radian, and gx_eq allows 3.6e-15 in Y), and the root is
+// what this takes, in closed form.  Where t is not in [0, 1] (a y beyond
+// the map, or NaN) there is no root, and the bisection runs as stated, so
+// that such a point comes back as it always has.
+double bisect(double t) {
+  double lo = 0.0, hi = GX_HALFPI, mid = 0.0;
   for (int round = 0; round < kBisectionCap; ++round) {
     mid = (hi + lo) * 0.5;
-    bool above;
-    if (std::fabs(mid - s.root) > kGuideMargin) {
-      if (gx_equals(lo, hi)) break;
-      above = mid > s.root;
-    } else {
-      double f = interpolate(kY, mid) - s.t;
-      if (gx_equals(f, 0.0) || gx_equals(lo, hi)) break;
-      above = f > 0.0;
-    }
-    hi = above ? mid : hi;
-    lo = above ? lo : mid;
+    double f = interpolate(kY, mid) - t;
+    if (gx_equals(f, 0.0) || gx_equals(lo, hi)) break;
+    hi = f > 0.0 ? mid : hi;
+    lo = f > 0.0 ? lo : mid;
   }
   return mid;
 }
 
-double latitude_of(double t) {
-  latitude_search s = search_from(t);
-  while (guided_round(s)) {
-  }
-  return finish_search(s);
-}
+double latitude_of(double t) { return t >= 0.0 && t <= 1.0 ? root_of_parabola(t) : bisect(t); }
 
-// The latitudes of two Y values, their guided rounds side by side (see
-// gx_side_by_side): each to the bit as latitude_of gives it.  The side a
-// guided round takes goes one way or the other as often, so it is written
-// as a choice of values, which the compiler can make without a branch; a
-// branch would be mispredicted every other round.
-void latitudes_of_pair(const double* t, double* phi) {
-  latitude_search s[2] = {search_from(t[0]), search_from(t[1])};
-  gx_side_by_side(true, true, [&s](int k) { return guided_round(s[k]); });
-  phi[0] = finish_search(s[0]);
-  phi[1] = finish_search(s[1]);
-}
-
-// The latitudes of two points at a time come from latitudes_of_pair.
 int32_t table_inverse(const double* k, const double* x_table, double lam0, int32_t n,
                       double* coords) {
   double ky = k[kFactorY], kx = k[kFactorX];
-  return gx_each_point_by_twos(
-      n, coords,
-      [ky](const double* y, double* phi) {
-        double t[2] = {std::fabs(y[0]) / ky, std::fabs(y[1]) / ky};
-        latitudes_of_pair(t, phi);
-      },
-      [ky](double y) { return latitude_of(std::fabs(y) / ky); },
-      [&](double* xy, double p) {
-        double dlam = xy[0] / (interpolate(x_table, p) * kx);
-        if (!gx_within_limit(dlam, GX_PI)) return false;
-        xy[0] = gx_delta_fast(dlam + lam0);
-        xy[1] = gx_with_sign_of(p, xy[1]);
-        return true;
-      });
+  return gx_count_points(n, coords, [&](double& x, double& y) {
+    double p = latitude_of(std::fabs(y) / ky);
+    double dlam = x / (interpolate(x_table, p) * kx);
+    if (!gx_within_limit(dlam, GX_PI)) return false;
+    x = gx_delta_fast(dlam + lam0);
+    y = gx_with_sign_of(p, y);
+    return true;
+  });
 }
 
 }  // namespace
