@@ -28,5 +28,6 @@
 #include "gx_convert.h"
 #include "gx_methods.h"
 #include "gx_gridref.h"
+#include "gx_adjust.h"
 
 #endif /* ORVAMOBILEGX_H */

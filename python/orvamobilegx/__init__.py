@@ -21,7 +21,7 @@ import numpy as np
 from ._lib import ErrExt, LibraryNotFound, GEOREF_SIZE, MGRS_SIZE, WKT_SIZE, load
 
 __all__ = ["GXError", "LibraryNotFound", "from_wkt", "CoordSys", "GeogCS", "ProjCS",
-           "GeogTran", "Object", "geodesic_inverse", "geodesic_direct", "to_mgrs",
+           "GeogTran", "AdjHCS", "Object", "geodesic_inverse", "geodesic_direct", "to_mgrs",
            "from_mgrs", "to_georef", "from_georef", "version"]
 
 _clib = load()
@@ -177,7 +177,25 @@ class GeogTran(Object):
         return _convert(call, handle, coords, inplace)
 
 
-_FAMILIES = {_TYPE_GEOGCS: GeogCS, _TYPE_PROJCS: ProjCS, _TYPE_GEOGTRAN: GeogTran}
+class AdjHCS(Object):
+    """A coordinate system with a local fit of its coordinates (ADJHCS)."""
+
+    def to_adjusted(self, coords, inplace=False):
+        """Coordinates of the underlying system to adjusted ones."""
+        return self._fit(_clib.gx_coordsys_to_adjhcs, coords, inplace)
+
+    def from_adjusted(self, coords, inplace=False):
+        """Adjusted coordinates back to the underlying system's."""
+        return self._fit(_clib.gx_adjhcs_to_coordsys, coords, inplace)
+
+    def _fit(self, function, coords, inplace):
+        array = _pairs(coords, inplace)
+        if array.shape[0] and function(self.handle, array.shape[0], _doubles(array)) == 0:
+            raise GXError("the fit is singular: its coefficients have no inverse")
+        return array
+
+
+_FAMILIES = {_TYPE_GEOGCS: GeogCS, _TYPE_PROJCS: ProjCS, _TYPE_GEOGTRAN: GeogTran, 0x20000: AdjHCS}
 
 
 def _wrap(handle):

@@ -84,6 +84,8 @@ def _declare(lib):
         "gx_geogcs_datum": (_P, [_P]),
         "gx_datum_spheroid": (_P, [_P]),
         "gx_spheroid_flattening": (ctypes.c_double, [_P]),
+        "gx_coordsys_to_adjhcs": (_I, [_P, _I, _D]),
+        "gx_adjhcs_to_coordsys": (_I, [_P, _I, _D]),
         "gx_version_string": (_S, [ctypes.c_char_p]),
     }
     for name, (restype, argtypes) in signatures.items():

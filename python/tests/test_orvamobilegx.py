@@ -130,7 +130,7 @@ def test_library_errors_become_exceptions():
     with pytest.raises(gx.GXError) as caught:
         gx.from_wkt('PROJCS["x",GEOGCS["g",DATUM["d",SPHEROID["s",6378137,298.3]],PRIMEM["G",0],'
                     'UNIT["Degree",0.0174532925199433]],PROJECTION["Nope"],UNIT["Meter",1]]')
-    assert caught.value.code != 0 and "Nope" in str(caught.value) or "projection" in str(caught.value)
+    assert caught.value.code != 0 and ("Nope" in str(caught.value) or "projection" in str(caught.value))
     with pytest.raises(TypeError):
         gx.from_wkt(42)
 
@@ -158,3 +158,16 @@ def test_dask_example_runs_on_a_two_worker_cluster(tmp_path):
                          capture_output=True, text=True, timeout=300)
     assert run.returncode == 0, run.stdout + run.stderr
     assert "sample agrees with one process" in run.stdout
+
+
+def test_adjusted_system_fits_both_ways():
+    text = ('ADJHCS["Site",' + wkt("wgs84.wkt").strip() + ',HTMETHOD["Affine_Parametric"],'
+            'ARRAY["Fit",6,2,0,100,0,2,-50],UNIT["Meter",1.0]]')
+    site = gx.from_wkt(text)
+    assert isinstance(site, gx.AdjHCS)
+    adjusted = site.to_adjusted([[1.0, 2.0], [3.0, -4.0]])
+    assert adjusted.tolist() == [[102.0, -46.0], [106.0, -58.0]]
+    assert np.allclose(site.from_adjusted(adjusted), [[1.0, 2.0], [3.0, -4.0]])
+    flat = gx.from_wkt(text.replace("6,2,0,100,0,2,-50", "6,1,2,0,2,4,0"))
+    with pytest.raises(gx.GXError, match="singular"):
+        flat.from_adjusted([[1.0, 1.0]])

@@ -5,6 +5,7 @@
 #include "frame/diagnostics.h"
 #include "frame/object.h"
 #include "frame/text.h"
+#include "gx_adjust.h"
 #include "gx_objects.h"
 
 namespace {
@@ -31,6 +32,7 @@ struct gx_reader_row {
 // The order of the rows is the order of the tests; it matters where one
 // keyword holds another or one text holds several objects.
 constexpr gx_reader_row readers[] = {
+    {gx_match::starts, "ADJHCS", GX_TYPE_ADJHCS, reader_of<gx_adjhcs, gx_adjhcs_from_string_errext>},
     {gx_match::starts, "GEOGTRAN", GX_TYPE_GEOGTRAN,
      reader_of<gx_geogtran, gx_geogtran_from_string_errext>},
     {gx_match::starts, "PROJCS", GX_TYPE_PROJCS, reader_of<gx_projcs, gx_projcs_from_string_errext>},
@@ -45,12 +47,15 @@ constexpr gx_reader_row readers[] = {
     {gx_match::starts, "ELLIPSOID", GX_TYPE_SPHEROID,
      reader_of<gx_spheroid, gx_spheroid_from_string_errext>},
     {gx_match::starts, "METHOD", GX_TYPE_METHOD, reader_of<gx_method, gx_method_from_string_errext>},
+    {gx_match::starts, "HTMETHOD", GX_TYPE_HTMETHOD,
+     reader_of<gx_htmethod, gx_htmethod_from_string_errext>},
     {gx_match::starts, "PROJECTION", GX_TYPE_PROJECTION,
      reader_of<gx_projection, gx_projection_from_string_errext>},
     {gx_match::starts, "PARAMETER", GX_TYPE_PARAMETER,
      reader_of<gx_parameter, gx_parameter_from_string_errext>},
     {gx_match::starts, "AUTHORITY", GX_TYPE_AUTHORITY,
      reader_of<gx_authority, gx_authority_from_string_errext>},
+    {gx_match::starts, "ARRAY", GX_TYPE_ARRAY, reader_of<gx_array, gx_array_from_string_errext>},
 };
 
 bool row_matches(const gx_reader_row& row, const char* text) {

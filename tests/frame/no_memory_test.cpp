@@ -73,7 +73,8 @@ TEST(NoMemory, EverySmallFamilyMayFail) {
   for (const char* text : {"UNIT[\"Foot\",0.3048,AUTHORITY[\"EPSG\",9002]]", "PRIMEM[\"Paris\",2.337]",
                            "SPHEROID[\"S\",6378137.0,298.257223563]", "PARAMETER[\"Azimuth\",3]",
                            "AUTHORITY[\"EPSG\",4326]", "PROJECTION[\"Albers_Equal_Area_Conic\"]",
-                           "METHOD[\"NTv2\"]"})
+                           "METHOD[\"NTv2\"]", "HTMETHOD[\"Affine_Parametric\"]",
+                           "ARRAY[\"Fit\",3,1,2,3]"})
     ReadUnderEveryFailure(text);
 }
 
@@ -166,6 +167,8 @@ TEST(NoMemory, EveryFamilyClonesUnderEveryFailure) {
       kUtm, geogcs, "UNIT[\"Foot\",0.3048,AUTHORITY[\"EPSG\",9002]]", "PRIMEM[\"Paris\",2.337]",
       "DATUM[\"D\",SPHEROID[\"S\",6378137.0,298.257223563],AUTHORITY[\"EPSG\",6326]]",
       "PARAMETER[\"Azimuth\",3]", "METHOD[\"Geocentric_Translation\"]",
+      "ADJHCS[\"S\"," + geogcs + ",HTMETHOD[\"Affine_Parametric\"],ARRAY[\"A\",6,1,0,0,0,1,0],"
+      "UNIT[\"Meter\",1]]",
       "GEOGTRAN[\"T\"," + geogcs + "," + geogcs + ",METHOD[\"Geocentric_Translation\"],"
       "PARAMETER[\"X_Axis_Translation\",1]]"};
   for (const std::string& text : texts) {
