@@ -22,4 +22,4 @@ LLVM_PROFILE_FILE="$top/build-coverage/profiles/%p.profraw" \
 objects=(-object build-coverage/tests/gx_tests -object build-coverage/tools/gxconv)
 "$cov" report build-coverage/libORVAMobileGX.so "${objects[@]}" \
   -instr-profile=build-coverage/suite.profdata "$top/src" > build-coverage/coverage.txt
-tail -n 1 build-coverage/coverage.txt | awk '{print "src/ lines: " $(NF-3) " missed of " $(NF-4) ", coverage " $(NF-2)}'
+tail -n 1 build-coverage/coverage.txt | awk '{print "src/ lines: " $8 ", missed " $9 ", coverage " $10 "; branches " $13}'
