@@ -35,7 +35,7 @@ if old not in text:
     sys.exit(f"not found in {path}: {old}")
 open(path, "w").write(text.replace(old, new, 1))
 PY
-  if [ $? -ne 0 ]; then mv "$file.fault-backup" "$file"; echo "?? $what: the place was not found"; continue; fi
+  if [ $? -ne 0 ]; then mv "$file.fault-backup" "$file" && touch "$file"; echo "?? $what: the place was not found"; continue; fi
   if cmake --build "$build" -j"$(nproc)" --target gx_tests >/dev/null 2>&1; then
     caught=$("$build/tests/gx_tests" --gtest_brief=1 2>/dev/null | grep -E '^\[  FAILED  \]' | grep -v 'listed below' |
              sed 's/\[  FAILED  \] //; s/,.*//; s/ (.*//' | sort -u)
@@ -48,6 +48,6 @@ PY
   else
     echo "?? $what: does not build"
   fi
-  mv "$file.fault-backup" "$file"
+  mv "$file.fault-backup" "$file" && touch "$file"
 done
 cmake --build "$build" -j"$(nproc)" --target gx_tests >/dev/null 2>&1

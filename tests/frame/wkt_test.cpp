@@ -1,6 +1,8 @@
 // The WKT scanner: normalising, tokens and levels, limits, and every message.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <cstring>
 #include <string>
 
 #include "frame/hook_support.h"
@@ -125,6 +127,19 @@ TEST(WktScanLimits, The257thTokenFails) {
   EXPECT_EQ(s.result, -1);
   EXPECT_EQ(s.block.code, 468u);
   EXPECT_STREQ(s.block.message, "Token count in WKT string exceeds 256");
+}
+
+TEST(WktWriteLimits, AClauseJoinsOnlyBelow1022Characters) {
+  // Joined with its comma, a clause may bring the text to 1021 characters;
+  // one that would reach 1022 is dropped whole.
+  for (size_t total : {1020u, 1021u, 1022u, 1023u}) {
+    char buffer[GX_WKT_SIZE];
+    std::string head(500, 'h');
+    std::string clause(total - head.size() - 1, 'c');
+    std::snprintf(buffer, sizeof buffer, "%s", head.c_str());
+    gx_wkt_append_clause(buffer, clause.c_str());
+    EXPECT_EQ(std::strlen(buffer), total <= 1021 ? total : head.size()) << total;
+  }
 }
 
 TEST(WktWalk, UnknownClausesAreSkippedAndDuplicateAuthorityFails) {
