@@ -25,43 +25,62 @@ void gx_mollweide_setup(const double* sphere, const double*, int, double* k) {
 
 namespace {
 
-// Below |phi| of 1.5 rad the equation's slope 2 + 2 cos 2 theta is at least
-// 0.13, so the stated search, which ends on |f| <= GX_EPS or on a bracket of
-// pi/2 GX_EPS, ends within 3e-14 rad of the root.  There Halley's method on
-// u = 2 theta (u + sin u = r) finds the root itself: from a start good to
-// 1e-3 (u = r/2 + r^3/96 from the equator, pi - cbrt(6 (pi - r)) towards the
-// pole) it takes two passes of one sine and cosine, three at most: Halley's
-// error goes as the cube of the last step (with a factor below 4 here), so a
-// step below 1e-6 leaves one below 1e-17.  Above the limit, and for NaN,
-// the search runs as stated.
-constexpr double kHalleyLimit = 1.5;
+// Where the equation's slope 2 + 2 cos 2 theta is not small, the stated
+// search, which ends on |f| <= GX_EPS or on a bracket of pi/2 GX_EPS, ends
+// within 1e-12 rad of the root: the slope is 4 (pi/2 - theta)^2 near the
+// pole, so up to theta of pi/2 - 0.03, or |phi| of about 1.566.  Below
+// |phi| of 1.55 Halley's method on u = 2 theta (u + sin u = r) finds the
+// root itself: from a start good to 1e-3 (u = r/2 + r^3/96 from the equator,
+// pi - cbrt(6 (pi - r)) towards the pole) it takes two passes of one sine
+// and cosine, three at most: Halley's error goes as the cube of the last
+// step (with a factor below 4 here), so a step below 1e-6 leaves one below
+// 1e-17, and the sine and cosine of the root follow from the last pass's by
+// the sum formulas.  Above the limit, and for NaN, the search runs as stated.
+constexpr double kHalleyLimit = 1.55;
 constexpr double kSeriesStartLimit = 2.3;  // r where the pole's start is the better
 constexpr double kLastStep = 1e-6;
 constexpr int kHalleyCap = 8;
 
-double halley_theta(double phi) {
+// The half angle of u with its sine and cosine, from those of u, each by the
+// form that keeps its digits (1 + cos u is small towards the pole, 1 - cos u
+// towards the equator).
+gx_angle half_of(double u, double sin_u, double cos_u) {
+  if (u < GX_HALFPI) {
+    double c = std::sqrt((1.0 + cos_u) * 0.5);
+    return {u * 0.5, sin_u / (2.0 * c), c};
+  }
+  double s = std::sqrt((1.0 - cos_u) * 0.5);
+  return {u * 0.5, s, sin_u / (2.0 * s)};
+}
+
+gx_angle halley_angle(double phi) {
   constexpr double pi = 3.141592653589793;
   double r = std::sin(std::fabs(phi)) * pi;
+  if (r == 0.0) return {std::copysign(0.0, phi), std::copysign(0.0, phi), 1.0};
   double u = r < kSeriesStartLimit ? r * 0.5 + r * r * r / 96.0 : pi - std::cbrt(6.0 * (pi - r));
-  for (int pass = 0; pass < kHalleyCap; ++pass) {
-    double s = std::sin(u), c = std::cos(u);
+  double s = 0.0, c = 1.0, step = 1.0;
+  for (int pass = 0; pass < kHalleyCap && std::fabs(step) > kLastStep; ++pass) {
+    s = std::sin(u);
+    c = std::cos(u);
     double g = u + s - r, slope = 1.0 + c;
-    double step = g / (slope + g * s / (2.0 * slope));
+    step = g / (slope + g * s / (2.0 * slope));
     u -= step;
-    if (std::fabs(step) <= kLastStep) break;
   }
-  return std::copysign(u * 0.5, phi);
+  // sin and cos of u = u_last - step, by the sum formulas (step below 1e-6).
+  double sd = step - step * step * step / 6.0, cd = 1.0 - step * step * 0.5;
+  gx_angle theta = half_of(u, s * cd - c * sd, c * cd + s * sd);
+  if (phi < 0.0) {
+    theta.rad = -theta.rad;
+    theta.sin = -theta.sin;
+  }
+  return theta;
 }
 
 }  // namespace
 
-double gx_mollweide_theta(double phi) {
-  return std::fabs(phi) <= kHalleyLimit ? halley_theta(phi) : gx_iterate<mollweide_angle>(phi);
-}
-
-void gx_mollweide_theta_pair(const double* phi, double* theta) {
-  theta[0] = gx_mollweide_theta(phi[0]);
-  theta[1] = gx_mollweide_theta(phi[1]);
+gx_angle gx_mollweide_angle(double phi) {
+  if (std::fabs(phi) <= kHalleyLimit) return halley_angle(phi);
+  return gx_angle_of(gx_iterate<mollweide_angle>(phi));
 }
 
 int32_t gx_mollweide_forward(const double* sphere, double* parms, int32_t n, double* coords,
@@ -69,12 +88,11 @@ int32_t gx_mollweide_forward(const double* sphere, double* parms, int32_t n, dou
   double local[kCount];
   const double* k = gx_layout(doubles, local, gx_mollweide_setup, sphere, parms, 0);
   double cy = k[kCy], cx = k[kCx], lam0 = parms[GX_PARM_CENTRAL_MERIDIAN];
-  return gx_each_point_by_twos(n, coords, gx_mollweide_theta_pair, gx_mollweide_theta,
-                               [&](double* xy, double theta) {
-                                 double dlam = gx_delta_fast(xy[0] - lam0);
-                                 xy[0] = std::cos(theta) * dlam * cx;
-                                 xy[1] = std::sin(theta) * cy;
-                               });
+  return gx_each_point(n, coords, [&](double& x, double& y) {
+    gx_angle theta = gx_mollweide_angle(y);
+    x = theta.cos * gx_delta_fast(x - lam0) * cx;
+    y = theta.sin * cy;
+  });
 }
 
 int32_t gx_mollweide_inverse(const double* sphere, double* parms, int32_t n, double* coords,

@@ -12,11 +12,16 @@
 // ---- what the family's functions share --------------------------------------
 
 // The Mollweide auxiliary angle of a latitude, signed like it: the root of
-// 2 theta + sin 2 theta = pi sin |phi| by Brent's method on [0, pi/2].
-double gx_mollweide_theta(double phi);
-// The angles of two latitudes phi[0] and phi[1] at once, each to the bit as
-// gx_mollweide_theta gives it: the two searches run side by side.
-void gx_mollweide_theta_pair(const double* phi, double* theta);
+// 2 theta + sin 2 theta = pi sin |phi| (mollweide.cpp tells how it is found),
+// with its sine and cosine.
+gx_angle gx_mollweide_angle(double phi);
+inline double gx_mollweide_theta(double phi) { return gx_mollweide_angle(phi).rad; }
+// The angles of two latitudes phi[0] and phi[1], each as gx_mollweide_theta
+// gives it.
+inline void gx_mollweide_theta_pair(const double* phi, double* theta) {
+  theta[0] = gx_mollweide_theta(phi[0]);
+  theta[1] = gx_mollweide_theta(phi[1]);
+}
 
 // The Mollweide angle theta = asin(t) of a sine t already clamped to +-1,
 // with its cosine from t, and the latitude asin((sin 2 theta + 2 theta) / pi)
