@@ -502,6 +502,31 @@ TEST(Mollweide, PoleIsExactAndItsInverseHasNoLongitude) {
   EXPECT_EQ(gx_mollweide_theta(0.0), 0.0);
 }
 
+TEST(EckertIV, ForwardIsTheStatedSearchsMapping) {
+  // Halley's method below 1.56 rad of latitude, Brent's search as stated
+  // above: the map is the one the stated search gives, to rounding of the
+  // angle (1e-12 rad), over a dense sample across the limit.
+  struct Rhs {
+    double rhs;
+  };
+  auto f = [](double t, const void* context) {
+    double s = std::sin(t);
+    return t + s * std::cos(t) + 2 * s - static_cast<const Rhs*>(context)->rhs;
+  };
+  const double a = kSphereR;
+  for (int i = 0; i <= 100000; ++i) {
+    double phi = GX_HALFPI * i / 100000.0;
+    for (double p : {phi, -phi, 1.56 + (i - 50000) * 1e-12}) {
+      Rhs r{std::sin(std::fabs(p)) * 3.5707963267948966};
+      double theta = std::copysign(gx_root_brent(&r, f), p);
+      double xy[2] = {0.7, p};
+      run(gx_eckert_iv_forward, kSphere, {}, xy);
+      ASSERT_NEAR(xy[0], (std::cos(theta) + 1) * 0.7 * a * 0.4222382003157712, 1e-12 * a) << p;
+      ASSERT_NEAR(xy[1], std::sin(theta) * a * 1.3265004281770023, 1e-12 * a) << p;
+    }
+  }
+}
+
 TEST(Mollweide, AuxiliaryAngleIsTheStatedSearchsRoot) {
   // Halley's method where the slope of the equation is not small, Brent's
   // search as stated next to the poles: both give the angle that the stated
