@@ -29,36 +29,27 @@ using eckert_iv_angle = gx_brent_angle<eckert_iv_equation>;
 // 1.569.  Below |phi| of 1.56 Halley's method finds the root itself, from
 // theta = r/4 + r^3/256 (the equation is 4 theta - theta^3 = r near the
 // equator) or pi/2 - sqrt(2 + pi/2 - r) (its top is a parabola in
-// pi/2 - theta), in two or three passes of one sine and cosine; a step
-// below 1e-6 leaves an error of order 1e-17, and the angle's sine and cosine
-// follow from the last pass's by the sum formulas.  Above the limit, and for
-// NaN, the search runs as stated.
+// pi/2 - theta), in two or three passes (gx_halley_angle).  Above the
+// limit, and for NaN, the search runs as stated.
 constexpr double kEckertIvHalleyLimit = 1.56;
 constexpr double kEckertIvTop = 3.5707963267948966;  // 2 + pi/2, the right side at the pole
 constexpr double kEckertIvSeriesStart = 2.8;       // r where the top's start is the better
-constexpr double kEckertIvLastStep = 1e-6;
-constexpr int kEckertIvHalleyCap = 8;
+
+// theta + sin theta cos theta + 2 sin theta = r.
+struct eckert_iv_halley_equation {
+  static void terms(double t, double s, double c, double r, double* f, double* slope, double* bend) {
+    *f = t + s * c + 2.0 * s - r;
+    *slope = 2.0 * c * (1.0 + c);
+    *bend = -2.0 * s * (2.0 * c + 1.0);
+  }
+};
 
 gx_angle eckert_iv_halley(double phi) {
   double r = std::sin(std::fabs(phi)) * kEckertIvTop;
   if (r == 0.0) return {std::copysign(0.0, phi), std::copysign(0.0, phi), 1.0};
   double t = r < kEckertIvSeriesStart ? r * 0.25 + r * r * r / 256.0
                                       : GX_HALFPI - std::sqrt(kEckertIvTop - r);
-  double s = 0.0, c = 1.0, step = 1.0;
-  for (int pass = 0; pass < kEckertIvHalleyCap && std::fabs(step) > kEckertIvLastStep; ++pass) {
-    s = std::sin(t);
-    c = std::cos(t);
-    double g = t + s * c + 2.0 * s - r, slope = 2.0 * c * (1.0 + c), bend = -2.0 * s * (2.0 * c + 1.0);
-    step = g / (slope - g * bend / (2.0 * slope));
-    t -= step;
-  }
-  double sd = step - step * step * step / 6.0, cd = 1.0 - step * step * 0.5;
-  gx_angle theta = {t, s * cd - c * sd, c * cd + s * sd};
-  if (phi < 0.0) {
-    theta.rad = -theta.rad;
-    theta.sin = -theta.sin;
-  }
-  return theta;
+  return gx_signed_like(gx_halley_angle<eckert_iv_halley_equation>(t, r), phi);
 }
 
 gx_angle eckert_iv_theta(double phi) {

@@ -31,26 +31,31 @@ namespace {
 // pole, so up to theta of pi/2 - 0.03, or |phi| of about 1.566.  Below
 // |phi| of 1.55 Halley's method on u = 2 theta (u + sin u = r) finds the
 // root itself: from a start good to 1e-3 (u = r/2 + r^3/96 from the equator,
-// pi - cbrt(6 (pi - r)) towards the pole) it takes two passes of one sine
-// and cosine, three at most: Halley's error goes as the cube of the last
-// step (with a factor below 4 here), so a step below 1e-6 leaves one below
-// 1e-17, and the sine and cosine of the root follow from the last pass's by
-// the sum formulas.  Above the limit, and for NaN, the search runs as stated.
+// pi - cbrt(6 (pi - r)) towards the pole) it takes two passes, three at
+// most (gx_halley_angle).  Above the limit, and for NaN, the search runs as
+// stated.
 constexpr double kHalleyLimit = 1.55;
 constexpr double kSeriesStartLimit = 2.3;  // r where the pole's start is the better
-constexpr double kLastStep = 1e-6;
-constexpr int kHalleyCap = 8;
+
+// u + sin u = r, in u = 2 theta.
+struct doubled_angle_equation {
+  static void terms(double u, double s, double c, double r, double* f, double* slope, double* bend) {
+    *f = u + s - r;
+    *slope = 1.0 + c;
+    *bend = -s;
+  }
+};
 
 // The half angle of u with its sine and cosine, from those of u, each by the
 // form that keeps its digits (1 + cos u is small towards the pole, 1 - cos u
 // towards the equator).
-gx_angle half_of(double u, double sin_u, double cos_u) {
-  if (u < GX_HALFPI) {
-    double c = std::sqrt((1.0 + cos_u) * 0.5);
-    return {u * 0.5, sin_u / (2.0 * c), c};
+gx_angle half_of(const gx_angle& u) {
+  if (u.rad < GX_HALFPI) {
+    double c = std::sqrt((1.0 + u.cos) * 0.5);
+    return {u.rad * 0.5, u.sin / (2.0 * c), c};
   }
-  double s = std::sqrt((1.0 - cos_u) * 0.5);
-  return {u * 0.5, s, sin_u / (2.0 * s)};
+  double s = std::sqrt((1.0 - u.cos) * 0.5);
+  return {u.rad * 0.5, s, u.sin / (2.0 * s)};
 }
 
 gx_angle halley_angle(double phi) {
@@ -58,22 +63,7 @@ gx_angle halley_angle(double phi) {
   double r = std::sin(std::fabs(phi)) * pi;
   if (r == 0.0) return {std::copysign(0.0, phi), std::copysign(0.0, phi), 1.0};
   double u = r < kSeriesStartLimit ? r * 0.5 + r * r * r / 96.0 : pi - std::cbrt(6.0 * (pi - r));
-  double s = 0.0, c = 1.0, step = 1.0;
-  for (int pass = 0; pass < kHalleyCap && std::fabs(step) > kLastStep; ++pass) {
-    s = std::sin(u);
-    c = std::cos(u);
-    double g = u + s - r, slope = 1.0 + c;
-    step = g / (slope + g * s / (2.0 * slope));
-    u -= step;
-  }
-  // sin and cos of u = u_last - step, by the sum formulas (step below 1e-6).
-  double sd = step - step * step * step / 6.0, cd = 1.0 - step * step * 0.5;
-  gx_angle theta = half_of(u, s * cd - c * sd, c * cd + s * sd);
-  if (phi < 0.0) {
-    theta.rad = -theta.rad;
-    theta.sin = -theta.sin;
-  }
-  return theta;
+  return gx_signed_like(half_of(gx_halley_angle<doubled_angle_equation>(u, r)), phi);
 }
 
 }  // namespace

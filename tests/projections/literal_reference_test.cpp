@@ -46,30 +46,18 @@ struct Table {
   }
 };
 
-double chi_of(double e2, double phi) {
-  Table t(gx_chi_series_init, e2);
-  return gx_phi_to_chi_c(e2, phi, t.v);
+// The table forms of the latitude functions, each on a table of its own.
+template <void (*init)(double, double*, int), double (*convert)(double, double, const double*)>
+double latitude(double e2, double x) {
+  Table t(init, e2);
+  return convert(e2, x, t.v);
 }
-double phi_of_chi(double e2, double chi) {
-  Table t(gx_chi_series_init, e2);
-  return gx_chi_to_phi_c(e2, chi, t.v);
-}
-double mu_of(double e2, double phi) {
-  Table t(gx_mu_series_init, e2);
-  return gx_phi_to_mu_c(e2, phi, t.v);
-}
-double phi_of_mu(double e2, double mu) {
-  Table t(gx_mu_series_init, e2);
-  return gx_mu_to_phi_c(e2, mu, t.v);
-}
-double beta_of(double e2, double phi) {
-  Table t(gx_beta_series_init, e2);
-  return gx_phi_to_beta_c(e2, phi, t.v);
-}
-double phi_of_beta(double e2, double beta) {
-  Table t(gx_beta_series_init, e2);
-  return gx_beta_to_phi_c(e2, beta, t.v);
-}
+constexpr auto chi_of = latitude<gx_chi_series_init, gx_phi_to_chi_c>;
+constexpr auto phi_of_chi = latitude<gx_chi_series_init, gx_chi_to_phi_c>;
+constexpr auto mu_of = latitude<gx_mu_series_init, gx_phi_to_mu_c>;
+constexpr auto phi_of_mu = latitude<gx_mu_series_init, gx_mu_to_phi_c>;
+constexpr auto beta_of = latitude<gx_beta_series_init, gx_phi_to_beta_c>;
+constexpr auto phi_of_beta = latitude<gx_beta_series_init, gx_beta_to_phi_c>;
 
 // ---- Mercator -----------------------------------------------------------------------
 
