@@ -227,7 +227,7 @@ GX_API void* gx_object_from_string(const char* text) {
 GX_API void* gx_object_from_string_w(const gx_wchar* text) {
   if (text == nullptr) return nullptr;
   char narrow[GX_WKT_SIZE];
-  gx_narrow_from_wide(narrow, text, -1);
+  gx_narrow_from_wide(narrow, text, sizeof narrow - 1);
   return gx_object_from_string(narrow);
 }
 
@@ -293,7 +293,7 @@ GX_API int gx_coordsys_eq(const void* a, const void* b) {
 GX_API void* gx_coordsys_from_string_w(const gx_wchar* text) {
   if (text == nullptr) return nullptr;
   char narrow[GX_WKT_SIZE];
-  gx_narrow_from_wide(narrow, text, -1);
+  gx_narrow_from_wide(narrow, text, sizeof narrow - 1);
   return gx_coordsys_from_string(narrow);
 }
 

@@ -121,7 +121,7 @@ void gx_datahome_setdir_w(const gx_wchar* directory) {
     return;
   }
   char narrow[GX_DATAHOME_SIZE];
-  gx_narrow_from_wide(narrow, directory, -1);
+  gx_narrow_from_wide(narrow, directory, sizeof narrow - 1);
   gx_datahome_setdir(narrow);
 }
 

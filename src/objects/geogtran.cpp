@@ -276,7 +276,7 @@ GX_API gx_geogtran* gx_geogtran_new_w(const gx_wchar* name, gx_geogcs* geogcs1,
                                       gx_parameter** parameters) {
   if (name == nullptr) return nullptr;
   char narrow[GX_NAME_SIZE];
-  gx_narrow_from_wide(narrow, name, -1);
+  gx_narrow_from_wide(narrow, name, sizeof narrow - 1);
   return gx_geogtran_new(narrow, geogcs1, geogcs2, method, parameters);
 }
 

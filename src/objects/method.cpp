@@ -113,7 +113,7 @@ GX_API gx_method* gx_method_new_w(const gx_wchar* name, gx_method_fn forward,
                                   gx_method_fn inverse) {
   if (name == nullptr) return nullptr;
   char narrow[GX_NAME_SIZE];
-  gx_narrow_from_wide(narrow, name, -1);
+  gx_narrow_from_wide(narrow, name, sizeof narrow - 1);
   return gx_method_new(narrow, forward, inverse);
 }
 

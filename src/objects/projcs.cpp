@@ -220,7 +220,7 @@ GX_API gx_projcs* gx_projcs_new_w(const gx_wchar* name, gx_geogcs* geogcs,
                                   gx_unit* unit) {
   if (name == nullptr) return nullptr;
   char narrow[GX_NAME_SIZE];
-  gx_narrow_from_wide(narrow, name, -1);
+  gx_narrow_from_wide(narrow, name, sizeof narrow - 1);
   return gx_projcs_new(narrow, geogcs, projection, parameters, unit);
 }
 

@@ -159,7 +159,7 @@ GX_API gx_projection* gx_projection_new(const char* name, gx_projection_fn forwa
 GX_API gx_projection* gx_projection_new_w(const gx_wchar* name) {
   if (name == nullptr) return nullptr;
   char narrow[GX_NAME_SIZE];
-  gx_narrow_from_wide(narrow, name, -1);
+  gx_narrow_from_wide(narrow, name, sizeof narrow - 1);
   return gx_projection_new(narrow, nullptr, nullptr, nullptr);
 }
 

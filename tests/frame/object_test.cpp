@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <vector>
 
 #include "frame/hook_support.h"
 #include "frame/object.h"
@@ -174,6 +175,29 @@ TEST(ObjectLayer, KeywordDispatchReachesEveryFamily) {
     gx_object_del(by_type);
     gx_object_del(obj);
   }
+}
+
+}  // namespace
+
+namespace {
+
+// Found by fuzzing: a 16-bit text longer than the buffer it is narrowed
+// into overran the stack.  Every _w reader and maker cuts it to its buffer,
+// as the families' own _w readers do.
+TEST(SixteenBitText, TextsAndNamesLongerThanTheirBuffersAreCut) {
+  std::vector<gx_wchar> text;
+  const char* head = "GEOGCS[\"";
+  for (const char* c = head; *c != '\0'; ++c) text.push_back(static_cast<gx_wchar>(*c));
+  text.insert(text.end(), 5000, static_cast<gx_wchar>('x'));
+  text.push_back(0);
+  for (void* obj : {gx_object_from_string_w(text.data()), gx_coordsys_from_string_w(text.data())})
+    gx_object_del(obj);
+  std::vector<gx_wchar> name(300, static_cast<gx_wchar>('n'));
+  name.push_back(0);
+  gx_projection* projection = gx_projection_new_w(name.data());
+  gx_method* method = gx_method_new_w(name.data(), nullptr, nullptr);
+  gx_projection_del(projection);
+  gx_method_del(method);
 }
 
 }  // namespace
