@@ -209,6 +209,15 @@ struct gx_newton_angle {
   static double value(const state& s) { return s.theta; }
 };
 
+// A polynomial by Horner's rule, its coefficients highest power first: the
+// fitted starts of the iterations below.
+template <size_t count>
+double gx_polynomial(const double (&c)[count], double x) {
+  double sum = c[0];
+  for (size_t i = 1; i < count; ++i) sum = sum * x + c[i];
+  return sum;
+}
+
 // Halley's method for an angle x, for the projections whose stated search
 // is slow where the equation is well conditioned: from a start `x`, passes
 // of one sine and cosine each, Equation::terms(x, sin x, cos x, rhs, &f,

@@ -26,14 +26,12 @@ using eckert_iv_angle = gx_brent_angle<eckert_iv_equation>;
 // Where the equation's slope 2 cos theta (1 + cos theta) is not small, the
 // stated search (ending on |f| <= GX_EPS or a bracket of pi/2 GX_EPS) ends
 // within 1e-12 rad of the root: up to theta of pi/2 - 0.002, |phi| of about
-// 1.569.  Below |phi| of 1.56 Halley's method finds the root itself, from
-// theta = r/4 + r^3/256 (the equation is 4 theta - theta^3 = r near the
-// equator) or pi/2 - sqrt(2 + pi/2 - r) (its top is a parabola in
-// pi/2 - theta), in two or three passes (gx_halley_angle).  Above the
-// limit, and for NaN, the search runs as stated.
+// 1.569.  Below |phi| of 1.56 Halley's method finds the root itself, in one
+// pass from the start below (gx_halley_angle).  Above the limit, and for
+// NaN, the search runs as stated.
 constexpr double kEckertIvHalleyLimit = 1.56;
 constexpr double kEckertIvTop = 3.5707963267948966;  // 2 + pi/2, the right side at the pole
-constexpr double kEckertIvSeriesStart = 2.8;       // r where the top's start is the better
+constexpr double kEckertIvSeriesStart = 2.8;       // r where the top's fit takes over
 
 // theta + sin theta cos theta + 2 sin theta = r.
 struct eckert_iv_halley_equation {
@@ -44,12 +42,28 @@ struct eckert_iv_halley_equation {
   }
 };
 
+// The start of the iteration (least-squares fits made by
+// tools/fits/eckert_iv_start.py, highest power first, good to 5e-7): t / r
+// as a polynomial in r^2 up to r of 2.8, and beyond it (pi/2 - t) / w as one
+// in w = sqrt(2 + pi/2 - r), for the equation's top is a parabola.
+constexpr double kEckertIvEquatorFit[] = {
+    1.2552062907868547e-10, -2.537710130638805e-09, 2.6514156497208666e-08,
+    -1.0633113338561522e-07, 7.568971085286614e-07, 6.480727014160833e-06,
+    0.00014693739413729968, 0.0039061171506435404, 0.2500000063229364};
+constexpr double kEckertIvPoleFit[] = {-0.024878682849937654, 0.10876273467833474, -0.2188095987396279,
+                                       0.2870838938106548,    -0.3000726394725557, 0.31805091817896364,
+                                       -0.3332681260990571,   0.9999992431329626};
+
+double eckert_iv_start(double r) {
+  if (r < kEckertIvSeriesStart) return r * gx_polynomial(kEckertIvEquatorFit, r * r);
+  double w = std::sqrt(kEckertIvTop - r);
+  return GX_HALFPI - w * gx_polynomial(kEckertIvPoleFit, w);
+}
+
 gx_angle eckert_iv_halley(double phi) {
   double r = std::sin(std::fabs(phi)) * kEckertIvTop;
   if (r == 0.0) return {std::copysign(0.0, phi), std::copysign(0.0, phi), 1.0};
-  double t = r < kEckertIvSeriesStart ? r * 0.25 + r * r * r / 256.0
-                                      : GX_HALFPI - std::sqrt(kEckertIvTop - r);
-  return gx_signed_like(gx_halley_angle<eckert_iv_halley_equation>(t, r), phi);
+  return gx_signed_like(gx_halley_angle<eckert_iv_halley_equation>(eckert_iv_start(r), r), phi);
 }
 
 gx_angle eckert_iv_theta(double phi) {

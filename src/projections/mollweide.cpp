@@ -67,18 +67,11 @@ constexpr double kEquatorFit[] = {1.4274546190114604e-09, -1.739776784172673e-08
 constexpr double kPoleFit[] = {3.2945753381298734e-07, 1.9033289725663335e-06, 4.0606748171566635e-05,
                                0.0007136524358672643,  0.016666821971552552,   0.9999999939322042};
 
-template <size_t count>
-double polynomial(const double (&c)[count], double x) {
-  double sum = c[0];
-  for (size_t i = 1; i < count; ++i) sum = sum * x + c[i];
-  return sum;
-}
-
 double start_of(double r) {
   constexpr double pi = 3.141592653589793;
-  if (r < kSeriesStartLimit) return r * polynomial(kEquatorFit, r * r);
+  if (r < kSeriesStartLimit) return r * gx_polynomial(kEquatorFit, r * r);
   double s = std::cbrt(6.0 * (pi - r));
-  return pi - s * polynomial(kPoleFit, s * s);
+  return pi - s * gx_polynomial(kPoleFit, s * s);
 }
 
 gx_angle halley_angle(double phi) {
